@@ -1,0 +1,7 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# duo_own_code(<target>): our own code is held to a stricter standard than what we include.
+function(duo_own_code target)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wshadow -Werror -Wnon-virtual-dtor -Wnull-dereference)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+endfunction()

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DeskWindow.h"
+
+namespace desk
+{
+
+using namespace look;
+
+namespace
+{
+
+constexpr int kWidth = 640;
+
+}   // namespace
+
+DeskContent::DeskContent (ComparisonGraph& graph, LiveDevice& device) :
+    material (graph.getMaterial()), deviceText (device.describe()), hasDevice (device.isOpen()), player (graph, device),
+    judging (graph.createEditor()), transport (player, material.getSampleRate(), material.getNumSamples())
+{
+    auto judgingHeight = JudgePanel::getPreferredHeight();
+
+    if (judging != nullptr)
+    {
+        judgingHeight = judging->getHeight();
+    }
+    else
+    {
+        panel = new JudgePanel (graph);
+        judging.reset (panel);
+    }
+
+    addAndMakeVisible (*judging);
+    addAndMakeVisible (transport);
+    setWantsKeyboardFocus (true);
+    setSize (kWidth, kMargin + kTextHeight + kGap + judgingHeight + kGap + kRowHeight + kGap + kTextHeight + kGap);
+}
+
+void DeskContent::paint (juce::Graphics& g)
+{
+    g.fillAll (kBackground);
+    auto area = getLocalBounds().reduced (kMargin, 0);
+    const auto sources = area.withTrimmedTop (kMargin).withHeight (kTextHeight);
+    const auto half = (sources.getWidth() - kGap) / 2;
+    paintSource (g, sources.withWidth (half), material.a, true);
+    paintSource (g, sources.withLeft (sources.getRight() - half), material.b, false);
+
+    g.setColour (hasDevice ? kFaintText : kNotice);
+    g.setFont (juce::Font (kTextSize - 1.0f));
+    g.drawFittedText (deviceText, area.withTrimmedBottom (kGap).removeFromBottom (kTextHeight),
+                      juce::Justification::centred, 1);
+}
+
+void DeskContent::paintSource (juce::Graphics& g, juce::Rectangle<int> area, const Recording& recording, bool isA)
+{
+    const auto where = isA ? juce::Justification::centredLeft : juce::Justification::centredRight;
+    g.setColour (kLit);
+    g.setFont (juce::Font (kTextSize, juce::Font::bold));
+    g.drawText (isA ? "A" : "B", isA ? area.removeFromLeft (kTextHeight) : area.removeFromRight (kTextHeight), where);
+    g.setColour (kText);
+    g.setFont (juce::Font (kTextSize));
+    g.drawText (recording.describe(), area, where, true);
+}
+
+void DeskContent::resized()
+{
+    auto area = getLocalBounds().reduced (kMargin, 0);
+    area.removeFromTop (kMargin + kTextHeight + kGap);
+    area.removeFromBottom (kGap + kTextHeight + kGap);
+    transport.setBounds (area.removeFromBottom (kRowHeight));
+    area.removeFromBottom (kGap);
+
+    if (panel != nullptr)
+        judging->setBounds (area);
+    else
+        judging->setTopLeftPosition (area.getCentreX() - judging->getWidth() / 2, area.getY());
+}
+
+bool DeskContent::keyPressed (const juce::KeyPress& key)
+{
+    if (key != juce::KeyPress::spaceKey)
+        return panel != nullptr && panel->actOnKey (key);
+
+    transport.togglePlaying();
+    return true;
+}
+
+DeskWindow::DeskWindow (ComparisonGraph& graph, LiveDevice& device) :
+    juce::DocumentWindow ("Duo Judge - Listening Desk", kBackground, DocumentWindow::closeButton | minimiseButton)
+{
+    setLookAndFeel (&look);
+    setUsingNativeTitleBar (true);
+    setResizable (false, false);
+    setContentOwned (new DeskContent (graph, device), true);
+    centreWithSize (getWidth(), getHeight());
+    setVisible (true);
+    toFront (true);
+}
+
+DeskWindow::~DeskWindow()
+{
+    clearContentComponent();
+    setLookAndFeel (nullptr);
+}
+
+void DeskWindow::activeWindowStatusChanged()
+{
+    DocumentWindow::activeWindowStatusChanged();
+
+    // The keys act from the first moment, not from the first click.
+    if (isActiveWindow() && getContentComponent() != nullptr)
+        getContentComponent()->grabKeyboardFocus();
+}
+
+void DeskWindow::closeButtonPressed()
+{
+    juce::MessageManager::getInstance()->stopDispatchLoop();
+}
+
+}   // namespace desk

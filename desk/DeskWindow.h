@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "DeskLook.h"
+#include "JudgePanel.h"
+#include "LivePlayer.h"
+#include "TransportBar.h"
+
+namespace desk
+{
+
+/** What stands in the window: the two sources, the comparator's own window or the desk's buttons, and the transport. */
+class DeskContent : public juce::Component
+{
+public:
+    DeskContent (ComparisonGraph& graph, LiveDevice& device);
+
+    void paint (juce::Graphics& g) override;
+    void resized() override;
+    bool keyPressed (const juce::KeyPress& key) override;
+
+private:
+    static void paintSource (juce::Graphics& g, juce::Rectangle<int> area, const Recording& recording, bool isA);
+
+    const Material& material;
+    const juce::String deviceText;
+    const bool hasDevice;
+    LivePlayer player;
+    std::unique_ptr<juce::Component> judging;   // the comparator's window or `panel`
+    JudgePanel* panel = nullptr;                // null beside a comparator with a window
+    TransportBar transport;
+};
+
+/** The listening desk's window; closing it ends the message loop. */
+class DeskWindow : public juce::DocumentWindow
+{
+public:
+    DeskWindow (ComparisonGraph& graph, LiveDevice& device);
+    ~DeskWindow() override;
+
+    void activeWindowStatusChanged() override;
+    void closeButtonPressed() override;
+
+private:
+    DeskLook look;
+};
+
+}   // namespace desk

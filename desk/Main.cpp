@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "DeskOptions.h"
+#include "DeskWindow.h"
+#include "OfflineRender.h"
+
+#include "platform/KnownFolders.h"
+
+#include <iostream>
+#include <new>
+
+namespace
+{
+
+using namespace desk;
+
+constexpr int kExitError = 2;
+
+int refuse (const juce::String& why)
+{
+    std::cerr << "duojudge-desk: " << why << std::endl;
+    return kExitError;
+}
+
+juce::Result loadScript (const juce::File& file, Script& script)
+{
+    const auto text = file.existsAsFile() && file.hasReadAccess() ? file.createInputStream() : nullptr;
+
+    if (text == nullptr)
+        return juce::Result::fail (file.getFullPathName() + " cannot be read");
+
+    const auto parsed = Script::parse (text->readEntireStreamAsString(), script);
+    return parsed.wasOk() ? parsed : juce::Result::fail (file.getFileName() + ", " + parsed.getErrorMessage());
+}
+
+juce::Result findManager (const DeskOptions& options)
+{
+    const juce::String file ("ORVEX Audio/ORVEX BayLinkLib 64bit.dll");
+
+    if (juce::File (platform::findCommonProgramFilesFolder (file)).getChildFile (file).existsAsFile())
+        return juce::Result::ok();
+
+    const auto folders = options.managerFolder != juce::File() ? options.managerFolder.getFullPathName()
+                                                               : juce::String ("~/.local/lib or /usr/local/lib");
+    return juce::Result::fail ("no pod manager: there is no \"" + file + "\" in " + folders);
+}
+
+juce::Result checkLink (const ComparisonGraph& graph)
+{
+    if (graph.isLinked())
+        return juce::Result::ok();
+
+    return juce::Result::fail (graph.hasManager() ? "the pod manager does not link the two tracks"
+                                                  : "the pod manager does not load");
+}
+
+void describeMaterial (const Material& material)
+{
+    std::cout << "A: " << material.a.describe() << "\nB: " << material.b.describe() << '\n';
+
+    for (const auto& remark : material.getRemarks())
+        std::cout << remark << '\n';
+
+    std::cout.flush();
+}
+
+int renderToFile (const DeskOptions& options)
+{
+    Script script;
+    const auto scripted = options.script != juce::File();
+
+    if (scripted)
+        if (const auto loaded = loadScript (options.script, script); loaded.failed())
+            return refuse (loaded.getErrorMessage());
+
+    if (options.output == options.fileA || options.output == options.fileB)
+        return refuse ("the output would replace " + options.output.getFullPathName() + ", which is compared");
+
+    if (const auto writable = OfflineRender::checkOutput (options.output); writable.failed())
+        return refuse (writable.getErrorMessage());
+
+    Material material;
+
+    if (const auto loaded = Material::load (options.fileA, options.fileB, {}, material); loaded.failed())
+        return refuse (loaded.getErrorMessage());
+
+    const auto seconds = material.a.getLengthInSeconds();
+
+    if (! scripted)
+        script = Script::makeDefault (seconds);
+    else if (const auto fits = script.checkLength (seconds); fits.failed())
+        return refuse (options.script.getFileName() + ", " + fits.getErrorMessage());
+
+    ComparisonGraph graph (material);
+
+    if (const auto linked = checkLink (graph); linked.failed())
+        return refuse (linked.getErrorMessage());
+
+    describeMaterial (material);
+
+    if (! scripted)
+        std::cout << "No script is given; this one is followed:\n" << script.toString();
+
+    ProgressLine progress (std::cout, ProgressLine::isOutputTerminal());
+    const auto written = OfflineRender (graph, script, progress).writeTo (options.output);
+    return written.wasOk() ? 0 : refuse (written.getErrorMessage());
+}
+
+int openWindow (const DeskOptions& options)
+{
+    if (juce::Desktop::getInstance().isHeadless())
+        return refuse ("there is no display; --render OUT.wav needs none");
+
+    LiveDevice device;
+    Material material;
+
+    if (const auto loaded = Recording::load (options.fileA, material.a); loaded.failed())
+        return refuse (loaded.getErrorMessage());
+
+    const auto rate = device.open (material.a.sampleRate);
+
+    if (const auto loaded = Material::load (options.fileA, options.fileB, rate, material); loaded.failed())
+        return refuse (loaded.getErrorMessage());
+
+    ComparisonGraph graph (material);
+
+    if (const auto linked = checkLink (graph); linked.failed())
+        return refuse (linked.getErrorMessage());
+
+    describeMaterial (material);
+    DeskWindow window (graph, device);
+    juce::MessageManager::getInstance()->runDispatchLoop();
+    return 0;
+}
+
+}   // namespace
+
+int main (int argc, char* argv[])
+{
+    juce::StringArray arguments;
+
+    for (int i = 1; i < argc; ++i)
+        arguments.add (juce::String::fromUTF8 (argv[i]));
+
+    DeskOptions options;
+
+    if (const auto parsed = DeskOptions::parse (arguments, options); parsed.failed())
+        return refuse (parsed.getErrorMessage());
+
+    if (options.showsHelp)
+    {
+        std::cout << DeskOptions::getUsage();
+        return 0;
+    }
+
+    const juce::ScopedJuceInitialiser_GUI toolkit;
+    std::optional<platform::ScopedCommonProgramFilesFolder> managerFolder;
+
+    if (options.managerFolder != juce::File())
+        managerFolder.emplace (options.managerFolder);
+
+    if (const auto found = findManager (options); found.failed())
+        return refuse (found.getErrorMessage());
+
+    try
+    {
+        return options.renders ? renderToFile (options) : openWindow (options);
+    }
+    catch (const std::bad_alloc&)
+    {
+        return refuse ("the recordings do not fit into memory");
+    }
+}

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "OfflineRender.h"
+
+#include <cmath>
+#include <limits>
+
+namespace desk
+{
+
+OfflineRender::OfflineRender (ComparisonGraph& comparison, const Script& scriptToFollow, ProgressLine& progressLine) :
+    graph (comparison), judge (comparison), script (scriptToFollow), progress (progressLine)
+{
+}
+
+juce::Result OfflineRender::checkOutput (const juce::File& output)
+{
+    if (! output.isDirectory() && output.getParentDirectory().isDirectory() && output.hasWriteAccess())
+        return juce::Result::ok();
+
+    return juce::Result::fail (output.getFullPathName() + " cannot be written");
+}
+
+juce::Result OfflineRender::writeTo (const juce::File& output)
+{
+    const auto& material = graph.getMaterial();
+    const auto refused = juce::Result::fail (output.getFullPathName() + " cannot be written");
+    const juce::TemporaryFile unfinished (output);
+    auto stream = std::make_unique<juce::FileOutputStream> (unfinished.getFile());
+
+    if (stream->failedToOpen())
+        return refused;
+
+    constexpr int bits = 32;
+    std::unique_ptr<juce::AudioFormatWriter> writer (juce::WavAudioFormat().createWriterFor (
+        stream.get(), material.getSampleRate(), static_cast<unsigned> (graph.getNumChannels()), bits, {}, 0));
+
+    if (writer == nullptr)
+        return refused;
+
+    stream.release();   // the writer owns it
+    const auto begin = juce::Time::getMillisecondCounterHiRes();
+    const auto rendered = render (*writer);
+    writer.reset();
+
+    const auto audioBytes = static_cast<juce::int64> (material.getNumSamples()) * graph.getNumChannels() * (bits / 8);
+
+    if (! rendered || unfinished.getFile().getSize() < audioBytes || ! unfinished.overwriteTargetFileWithTemporary())
+        return refused;
+
+    const auto took = std::max (1e-6, (juce::Time::getMillisecondCounterHiRes() - begin) / 1000.0);
+    const auto length = material.a.getLengthInSeconds();
+    progress.say ("written: " + output.getFullPathName());
+    progress.say (describeTime (length) + " rendered in " + describeTime (took) + ", " +
+                  juce::String (length / took, 1) + " times faster than real time");
+    return juce::Result::ok();
+}
+
+bool OfflineRender::render (juce::AudioFormatWriter& writer)
+{
+    const auto latency = static_cast<juce::int64> (graph.getLatency());
+    const auto length = static_cast<juce::int64> (graph.getMaterial().getNumSamples());
+    juce::AudioSampleBuffer store (graph.getNumChannels(), ComparisonGraph::kBlockSize);
+
+    for (auto position = -latency; position < length;)   // of the output
+    {
+        const auto end = position < 0 ? 0 : std::min (length, performActionsDue (position));
+        const auto numSamples = static_cast<int> (std::min<juce::int64> (ComparisonGraph::kBlockSize, end - position));
+
+        juce::AudioSampleBuffer block (store.getArrayOfWritePointers(), store.getNumChannels(), numSamples);
+        graph.runTimers();
+        graph.process (block, position + latency);
+
+        if (position >= 0 && ! writer.writeFromAudioSampleBuffer (block, 0, numSamples))
+            return false;
+
+        position += numSamples;
+        progress.update (static_cast<double> (std::max<juce::int64> (0, position)) / static_cast<double> (length));
+    }
+
+    return true;
+}
+
+/** @returns the position of the next action to come. */
+juce::int64 OfflineRender::performActionsDue (juce::int64 outputPosition)
+{
+    const auto rate = static_cast<double> (graph.getMaterial().getSampleRate());
+
+    for (; nextLine < script.lines.size(); ++nextLine)
+    {
+        const auto& line = script.lines[nextLine];
+        const auto due = static_cast<juce::int64> (std::llround (line.seconds * rate));
+
+        if (due > outputPosition)
+            return due;
+
+        perform (line);
+    }
+
+    return std::numeric_limits<juce::int64>::max();
+}
+
+void OfflineRender::perform (const Script::Line& line)
+{
+    auto text = describeTime (line.seconds).paddedLeft (' ', 11) + "  " + line.action.toString();
+
+    if (! judge.perform (line.action))
+        text << ": passed over, the last vote is still fading";
+    else if (line.action.kind == Action::Kind::reveal)
+        text << ": " << judge.describeVotes();
+
+    progress.say (text);
+}
+
+}   // namespace desk

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "Judge.h"
+#include "ProgressLine.h"
+#include "Script.h"
+
+namespace desk
+{
+
+/** Plays a comparison into a file, as fast as it goes, with a script in the listener's place [message thread].
+
+    The file is as long as A and aligned with it: the comparator's latency is fed ahead and left out. Each action takes hold
+    with the very sample of its time. */
+class OfflineRender
+{
+public:
+    OfflineRender (ComparisonGraph& comparison, const Script& scriptToFollow, ProgressLine& progressLine);
+
+    /** @returns success when `output` looks like a place to write to, to be asked before long work. */
+    static juce::Result checkOutput (const juce::File& output);
+
+    /** Writes `output`, a WAV file of 32-bit floats, which appears when all of it is written.
+        @returns in one line why it could not, or success */
+    juce::Result writeTo (const juce::File& output);
+
+private:
+    bool render (juce::AudioFormatWriter& writer);
+    juce::int64 performActionsDue (juce::int64 outputPosition);
+    void perform (const Script::Line& line);
+
+    ComparisonGraph& graph;
+    Judge judge;
+    const Script& script;
+    ProgressLine& progress;
+    std::size_t nextLine = 0;
+};
+
+}   // namespace desk

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Recording.h"
+
+#include "Resampler.h"
+
+#include <limits>
+
+namespace desk
+{
+namespace
+{
+
+constexpr int kMaxChannels = 2;
+
+juce::String describeRate (int hertz)
+{
+    return juce::String (hertz / 1000.0) + " kHz";
+}
+
+}   // namespace
+
+juce::Result Recording::load (const juce::File& file, Recording& result)
+{
+    const auto path = file.getFullPathName();
+
+    if (! file.exists())
+        return juce::Result::fail ("there is no file " + path);
+
+    if (! file.existsAsFile() || ! file.hasReadAccess())
+        return juce::Result::fail (path + " cannot be read");
+
+    if (file.getSize() == 0)
+        return juce::Result::fail (path + " is empty");
+
+    juce::AudioFormatManager formats;
+    formats.registerBasicFormats();
+    const std::unique_ptr<juce::AudioFormatReader> reader (formats.createReaderFor (file));
+
+    if (reader == nullptr || reader->numChannels < 1 || reader->sampleRate < 1.0)
+        return juce::Result::fail (path + " is no sound file that can be read: WAV, AIFF, FLAC and Ogg Vorbis can");
+
+    if (reader->lengthInSamples < 1)
+        return juce::Result::fail (path + " holds no audio");
+
+    // Room for the latency and for the sums of the resampler stays within an int.
+    if (reader->lengthInSamples > std::numeric_limits<int>::max() / 2)
+        return juce::Result::fail (path + " is too long");
+
+    Recording recording;
+    recording.name = file.getFileName();
+    recording.fileChannels = static_cast<int> (reader->numChannels);
+    recording.sampleRate = recording.fileSampleRate = juce::roundToInt (reader->sampleRate);
+
+    const auto numSamples = static_cast<int> (reader->lengthInSamples);
+    recording.audio.setSize (std::min (recording.fileChannels, kMaxChannels), numSamples);
+
+    if (! reader->read (recording.audio.getArrayOfWritePointers(), recording.audio.getNumChannels(), 0, numSamples))
+        return juce::Result::fail (path + " is damaged");
+
+    result = std::move (recording);
+    return juce::Result::ok();
+}
+
+void Recording::resample (int newRate)
+{
+    if (newRate == sampleRate)
+        return;
+
+    audio = Resampler (sampleRate, newRate).process (audio);
+    sampleRate = newRate;
+}
+
+juce::String Recording::describe() const
+{
+    const auto channels = fileChannels == 1   ? juce::String ("mono")
+                          : fileChannels == 2 ? juce::String ("stereo")
+                                              : juce::String (fileChannels) + " channels";
+    return name + ", " + describeRate (fileSampleRate) + ", " + channels;
+}
+
+juce::Result Material::load (const juce::File& fileA, const juce::File& fileB, std::optional<int> sampleRate,
+                             Material& result)
+{
+    Material material;
+
+    if (const auto loaded = Recording::load (fileA, material.a); loaded.failed())
+        return loaded;
+
+    if (const auto loaded = Recording::load (fileB, material.b); loaded.failed())
+        return loaded;
+
+    const auto rate = sampleRate.value_or (material.a.sampleRate);
+    auto& audioA = material.a.audio;
+
+    for (auto* recording : { &material.a, &material.b })
+    {
+        const auto newLength = recording->getLengthInSeconds() * rate;
+
+        if (newLength > std::numeric_limits<int>::max() / 2)
+            return juce::Result::fail (recording->name + " is too long");
+
+        recording->resample (rate);
+    }
+
+    if (audioA.getNumChannels() < material.b.audio.getNumChannels())
+    {
+        audioA.setSize (kMaxChannels, audioA.getNumSamples(), true);
+        audioA.copyFrom (1, 0, audioA, 0, 0, audioA.getNumSamples());
+    }
+
+    result = std::move (material);
+    return juce::Result::ok();
+}
+
+juce::StringArray Material::getRemarks() const
+{
+    juce::StringArray remarks;
+    const auto remark = [&remarks] (const char* source, const Recording& recording)
+    {
+        if (recording.fileChannels > kMaxChannels)
+            remarks.add (juce::String (source) + " has " + juce::String (recording.fileChannels) +
+                         " channels: the first two are heard");
+
+        if (recording.sampleRate != recording.fileSampleRate)
+            remarks.add (juce::String (source) + " is resampled from " + describeRate (recording.fileSampleRate) +
+                         " to " + describeRate (recording.sampleRate));
+    };
+    remark ("A", a);
+    remark ("B", b);
+
+    const auto longer = b.getLengthInSeconds() - a.getLengthInSeconds();
+
+    if (std::abs (longer) >= 0.001)
+        remarks.add ("B is " + juce::String (std::abs (longer), 3) + " s " +
+                     (longer > 0.0 ? "longer than A: the rest is not heard" : "shorter than A: silence follows it"));
+
+    return remarks;
+}
+
+}   // namespace desk

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <optional>
+
+#include <juce_audio_formats/juce_audio_formats.h>
+
+namespace desk
+{
+
+/** A sound file in memory, with one or two channels. */
+struct Recording
+{
+    /** Reads the first two channels of any file that the toolkit knows. @returns in one line why it cannot, or success */
+    static juce::Result load (const juce::File& file, Recording& result);
+
+    /** Brings the audio to `newRate` hertz; at that rate already it stays as it is. */
+    void resample (int newRate);
+
+    /** "name.flac, 44.1 kHz, stereo", as it lies on disk. */
+    juce::String describe() const;
+
+    double getLengthInSeconds() const { return static_cast<double> (audio.getNumSamples()) / sampleRate; }
+
+    juce::String name;
+    juce::AudioSampleBuffer audio;
+    int sampleRate = 0;                         // hertz, of `audio`
+    int fileSampleRate = 0, fileChannels = 0;   // as they were
+};
+
+/** The two recordings of a comparison, fit to play in step. */
+struct Material
+{
+    /** Loads both. They come at `sampleRate`, or at A's rate when none is given. A mono A beside a stereo B becomes
+        stereo. @returns in one line why it cannot, or success */
+    static juce::Result load (const juce::File& fileA, const juce::File& fileB, std::optional<int> sampleRate,
+                              Material& result);
+
+    /** What a listener should know of how the files were fitted, a line for each thing. */
+    juce::StringArray getRemarks() const;
+
+    /** Of the comparison, which is A's. */
+    int getNumSamples() const { return a.audio.getNumSamples(); }
+    int getSampleRate() const { return a.sampleRate; }
+
+    Recording a, b;
+};
+
+}   // namespace desk

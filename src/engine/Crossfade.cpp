@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/Crossfade.h"
+
+#include "engine/ChannelRule.h"
+
+bool Crossfade::step (juce::AudioSampleBuffer& outgoing, const juce::AudioSampleBuffer& incoming) noexcept
+{
+    constexpr int fadeMilliseconds = 40;
+    const auto numSamples = outgoing.getNumSamples();
+
+    if (numSamples == 0)
+        return false;
+
+    if (fadeLength == 0)
+        fadeLength = sampleRate * fadeMilliseconds / 1000;
+
+    if (fadeLength == 0)
+        fadeLength = numSamples;
+
+    if (fadeRemaining == 0)
+        fadeRemaining = fadeLength;
+
+    const auto length = std::min (fadeRemaining, numSamples);
+    fadeRemaining -= length;
+    const auto endGain = std::max (0.0f, static_cast<float> (fadeRemaining) / static_cast<float> (fadeLength));
+    const auto increment = (endGain - fadeGain) / static_cast<float> (length);
+
+    // What follows the ramp within the block lies after the fade.
+    for (int channel = 0; channel < outgoing.getNumChannels(); ++channel)
+        scale (outgoing.getWritePointer (channel), { fadeGain, increment, 0.0f, length }, numSamples);
+
+    addIncoming (outgoing, incoming, { 1.0f - fadeGain, -increment, 1.0f, length });
+    fadeGain = endGain;
+
+    if (fadeRemaining > 0)
+        return false;
+
+    fadeLength = 0;
+    fadeGain = 1.0f;
+    return true;
+}
+
+void Crossfade::addIncoming (juce::AudioSampleBuffer& outgoing, const juce::AudioSampleBuffer& incoming,
+                             Ramp ramp) noexcept
+{
+    const auto from = incoming.getNumChannels(), to = outgoing.getNumChannels();
+    const auto numSamples = outgoing.getNumSamples();
+
+    if (from < 1 || to < 1 || from > 2 || to > 2)
+        return;
+
+    for (int channel = 0; channel < std::max (from, to); ++channel)
+        add (outgoing.getWritePointer (std::min (channel, to - 1)),
+             incoming.getReadPointer (std::min (channel, from - 1)), ramp, from == to ? 1.0f : channelRule::kPairGain,
+             numSamples);
+}
+
+void Crossfade::scale (float* samples, Ramp ramp, int numSamples) noexcept
+{
+    for (int i = 0; i < ramp.length; ++i)
+        samples[i] *= ramp.start + static_cast<float> (i) * ramp.increment;
+
+    for (int i = ramp.length; i < numSamples; ++i)
+        samples[i] *= ramp.end;
+}
+
+void Crossfade::add (float* destination, const float* source, Ramp ramp, float gain, int numSamples) noexcept
+{
+    for (int i = 0; i < ramp.length; ++i)
+        destination[i] += source[i] * (ramp.start + static_cast<float> (i) * ramp.increment) * gain;
+
+    for (int i = ramp.length; i < numSamples; ++i)
+        destination[i] += source[i] * ramp.end * gain;
+}

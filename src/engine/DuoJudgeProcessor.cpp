@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/DuoJudgeProcessor.h"
+
+#include "framework/Settings.h"
+
+using namespace duoJudge;
+
+DuoJudgeProcessor::DuoJudgeProcessor (int typeOfWrapper) : OxJuceProcessorBase (typeOfWrapper)
+{
+    numParams = 10;
+    numPersistentParams = 7;
+    numTransientParams = 12;
+    addParameters();
+    isVenueVersion = readMakerSetting ("ISVENUEVERSION") == "1";
+    initialiseProduct();
+    finishConstruction();
+}
+
+DuoJudgeProcessor::~DuoJudgeProcessor()
+{
+    stopTimer();   // the last tick must not meet a product that is half gone
+    shutdownProduct();
+}
+
+void DuoJudgeProcessor::initialiseProduct()
+{
+    for (int index = 0; index < static_cast<int> (meters.size()); ++index)
+    {
+        getMeter (index).channel = index / 2;
+        getMeter (index).readingOffsetDb = 3.0f;
+    }
+
+    selectedPodId = baylink::kNoPod;
+    podBuffer = std::make_unique<juce::AudioSampleBuffer> (1, 1);
+    updateFromParams();
+    voteFadeActive = false;
+    crossfadePending = false;
+    clearVotes();
+    instanceName.clear();
+    nameChanged = false;
+    detectTimestamps = true;
+    connect (2);
+}
+
+void DuoJudgeProcessor::shutdownProduct()
+{
+    if (manager != nullptr)
+        manager->disconnect (id);
+
+    podBuffer.reset();
+}
+
+bool DuoJudgeProcessor::updateFromParams()
+{
+    constexpr auto range = 10.0f, limit = 200.0f;   // decibels
+    const auto decibels = (parameter (SendGain).value - 0.5f) * 2.0f * range;
+    podGain = decibels > limit ? 1e10f : static_cast<float> (std::exp (decibels * std::log (10.0) / 20.0));
+    return true;
+}
+
+void DuoJudgeProcessor::requestUpdate()
+{
+    deferredUpdateState = deferredUpdateState == 0 ? 1 : 2;
+}
+
+void DuoJudgeProcessor::parameterChanged (int paramId)
+{
+    const auto& record = parameter (paramId);
+    const float value = record.value;
+
+    if (value == record.previousValue)
+        return;
+
+    // A parameter that is only shown at construction has pressed, flipped and voted nothing.
+    if (record.previousValue == kNeverWritten)
+    {
+        requestUpdate();
+        return;
+    }
+
+    switch (paramId)
+    {
+        case ToggleAB:
+            crossfadePending = true;
+            break;
+        case ToggleXY:
+            setParamUndoable (ToggleAB, parameter (ToggleAB).value == 0.0f ? 1.0f : 0.0f, true);
+            break;
+        case Choose:
+            if (value == 0.0f)
+                countVote();
+            break;
+        case EndTest:
+            clearVotes();
+            break;
+        case ShowBaseMenu:
+            break;
+        case SendGain:
+            if (selectedPodId != baylink::kNoPod && manager != nullptr)
+                manager->setPodGain (selectedPodId, value);
+            requestUpdate();
+            break;
+        default:
+            requestUpdate();
+            break;
+    }
+}
+
+void DuoJudgeProcessor::countVote()
+{
+    voteCount += 1;
+
+    if (voteCount > 0)
+    {
+        if (parameter (ToggleAB).value == 0.0f)
+            votesForA += 1;
+        else
+            votesForB += 1;
+    }
+
+    voteFadeActive = true;
+}
+
+void DuoJudgeProcessor::clearVotes()
+{
+    voteCount = 0;
+    votesForA = 0;
+    votesForB = 0;
+}
+
+void DuoJudgeProcessor::drawSource()
+{
+    setParamUndoable (ToggleAB, static_cast<float> (coin() & 1), true);
+}
+
+void DuoJudgeProcessor::writeExtraState (juce::XmlElement& xml)
+{
+    writePodState (xml);
+    xml.setAttribute ("A_SELECT_NAME", instanceName);
+}
+
+void DuoJudgeProcessor::readExtraState (const juce::XmlElement& xml)
+{
+    readPodState (xml);
+    const auto& name = xml.getStringAttribute ("A_SELECT_NAME");
+
+    if (name.isEmpty())
+        return;
+
+    instanceName = name;
+    nameChanged = true;
+}

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/Coin.h"
+#include "engine/Crossfade.h"
+#include "engine/VoteFade.h"
+#include "engine/VoteStatistics.h"
+#include "framework/OxJuceProcessorBase.h"
+#include "metering/OxJuceObserverRmsMeter.h"
+#include "pod/OxJucePodUser.h"
+
+/** Ids of the product's parameters; keys, names and texts stand in one table in the source. */
+namespace duoJudge
+{
+
+enum ParamId : int
+{
+    Routing = 0,
+    TimecodeFramerate,
+    ParamMapVersion,
+    ToggleAB,
+    ToggleXY,
+    Test,
+    Choose,
+    EndTest,
+    Reveal,
+    Resume,
+    RoutingDefault = kPersistentIdBase,
+    RoutingDefault_7_1,
+    RoutingDefault_7_1_2,
+    TimecodeFramerateDefault,
+    PersistentParamMapVersion,
+    ExportSupport,
+    UseTimestampedPodAudioOverride,
+    ShowBaseMenu = kTransientIdBase,
+    Undo,
+    Redo,
+    AB,
+    AtoB,
+    PresetNext,
+    PresetPrev,
+    ShowProfiling = kTransientIdBase + 8,
+    ResetToPreset,
+    SendGain,
+    DummyTransient
+};
+
+}   // namespace duoJudge
+
+/** The listening end of a comparison: source A is the block, 4096 samples late; source B is the audio of one pod.
+
+    `ToggleAB` says which of the two leaves, with a crossfade when it changes. In a blind test `ToggleXY` flips it under
+    labels, a release of `Choose` counts a vote for the source that plays, and the draw then sets it anew in silence. */
+class DuoJudgeProcessor : public OxJuceProcessorBase, public OxJucePodUser
+{
+public:
+    explicit DuoJudgeProcessor (int typeOfWrapper);
+    ~DuoJudgeProcessor() override;
+
+    /** Sets the selection to a fresh toss of the coin [any thread]. */
+    void drawSource();
+
+    /** Replaces the coin of the draw; only while no audio runs. */
+    void setCoin (Coin newCoin) { coin = std::move (newCoin); }
+
+    /** Makes `podId` source B, or none with -1; the pod brings its own send gain along [any thread]. */
+    void connectToPod (baylink::PodId podId);
+
+    VoteStatistics getVoteStatistics() const noexcept { return { voteCount, votesForA, votesForB }; }
+    baylink::PodId getSelectedPodId() const noexcept { return selectedPodId; }
+    bool isVoteFadeActive() const noexcept { return voteFadeActive; }
+
+    /** The level observers: channel 0 own and pod signal, channel 1 own and pod signal. */
+    OxJuceObserverRmsMeter& getMeter (int index) noexcept { return meters[static_cast<std::size_t> (index)]; }
+
+    juce::String instanceName;           // the user's name for source A [message thread]
+    Relaxed<bool> nameChanged = false;   // a stored name was read; the editor clears it after showing the name
+
+    static juce::String getSettingsName() { return "DuoJudge_1"; }
+    static juce::String getShortName() { return "DuoJudge"; }
+    static juce::String getDisplayName() { return "Duo Judge"; }
+    static juce::String getVersion() { return "1.1.2.0"; }
+
+    // juce::AudioProcessor
+    const juce::String getName() const override { return "ORVEX DuoJudge"; }
+    juce::AudioProcessorEditor* createEditor() override;
+    const juce::String getParameterName (int id) override;
+    const juce::String getParameterText (int id) override;
+    using juce::AudioProcessor::getParameterName;
+    using juce::AudioProcessor::getParameterText;
+    bool acceptsMidi() const override { return false; }
+    bool producesMidi() const override { return false; }
+    bool isParameterAutomatable (int id) const override;
+
+    // OxJuceProcessorBase
+    bool isParameterHostVisible (int id) const override;
+    void initialiseProduct() override;
+    void shutdownProduct() override;
+    juce::String getParamKey (int id) override;
+    int getParamIdForKey (const juce::String& key) override;
+    bool isParamExcludedFromPresets (int id) override;
+    bool isParamShownOnChange (int id) override;
+    bool isParamUndoable (int id) override;
+    void parameterChanged (int id) override;
+    void writeExtraState (juce::XmlElement& xml) override;
+    void readExtraState (const juce::XmlElement& xml) override;
+    void processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) override;
+    void prepareAudio (double newSampleRate, int newBlockSize) override;
+    bool updateFromParams() override;
+    void timerTick() override;
+    int getMenuParam() const override { return duoJudge::ShowBaseMenu; }
+    int getUndoParam() const override { return duoJudge::Undo; }
+    int getRedoParam() const override { return duoJudge::Redo; }
+    int getAbParam() const override { return duoJudge::AB; }
+    int getAtoBParam() const override { return duoJudge::AtoB; }
+    int getPresetNextParam() const override { return duoJudge::PresetNext; }
+    int getPresetPrevParam() const override { return duoJudge::PresetPrev; }
+    int getProfilingParam() const override { return duoJudge::ShowProfiling; }
+    int getExportSupportParam() const override { return duoJudge::ExportSupport; }
+    int getRoutingParam() const override { return duoJudge::Routing; }
+    int getRoutingDefaultParam() const override { return duoJudge::RoutingDefault; }
+    int getRoutingDefault71Param() const override { return duoJudge::RoutingDefault_7_1; }
+    int getRoutingDefault712Param() const override { return duoJudge::RoutingDefault_7_1_2; }
+    int getFramerateParam() const override { return duoJudge::TimecodeFramerate; }
+    int getFramerateDefaultParam() const override { return duoJudge::TimecodeFramerateDefault; }
+    int getParamMapVersionParam() const override { return duoJudge::ParamMapVersion; }
+    int getPersistentParamMapVersionParam() const override { return duoJudge::PersistentParamMapVersion; }
+    int getResetToPresetParam() const override { return duoJudge::ResetToPreset; }
+
+    // baylink::IPod
+    const char* getPodName() override { return "DuoJudge"; }
+    std::int32_t getTypeKey() override { return baylink::kDuoJudgeTypeKey; }
+    bool getPodFlag() override { return true; }
+    void onPodRemoved (baylink::PodId podId) override;
+    void onPodLinked (baylink::PodId ownId, baylink::PodId podId) override;
+
+private:
+    void addParameters();
+    juce::String getRoutingText (const juce::StringArray& names);
+
+    bool readPod (int numSamples);
+    bool readsAtTimeline();
+    void selectSource (juce::AudioSampleBuffer& block, bool podRead);
+    void applyVoteFade (juce::AudioSampleBuffer& block);
+
+    void countVote();
+    void clearVotes();
+    void requestUpdate();
+
+    std::array<OxJuceObserverRmsMeter, 4> meters;
+    std::array<CDelayFilter<float>, 2> delays { CDelayFilter<float> (65536), CDelayFilter<float> (65536) };
+    Crossfade fader;
+    VoteFade voteFade;
+    std::unique_ptr<juce::AudioSampleBuffer> podBuffer;        // what the pod gave for the block [audio thread]
+    Relaxed<baylink::PodId> selectedPodId = baylink::kNoPod;   // source B
+    Relaxed<bool> detectTimestamps = true;                     // what "Detect" means on this host
+    Relaxed<float> podGain = 1.0f;                             // linear, from `SendGain`
+    Relaxed<bool> voteFadeActive = false;     // raised by a vote, lowered at the fade's end [audio thread]
+    Relaxed<bool> crossfadePending = false;   // raised by a change, lowered at the fade's end [audio thread]
+    Relaxed<int> voteCount = 0, votesForA = 0, votesForB = 0;
+    Coin coin = makeFairCoin();
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (DuoJudgeProcessor)
+};

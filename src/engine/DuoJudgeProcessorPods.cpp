@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The one link to the pod that is source B.
+#include "engine/DuoJudgeProcessor.h"
+
+using namespace duoJudge;
+
+void DuoJudgeProcessor::timerTick()
+{
+    refreshPodList (baylink::kSenderTypeKey);
+
+    const auto hasPod = [this]
+    {
+        const juce::ScopedLock lock (podLock);
+        return podIds.size() > 1;
+    };
+
+    if (selectedPodId != baylink::kNoPod || ! hasPod())
+        return;
+
+    const juce::ScopedLock lock (podLock);
+
+    if (podIds.size() > 1)
+        connectToPod (podIds.getUnchecked (1));
+}
+
+void DuoJudgeProcessor::connectToPod (baylink::PodId podId)
+{
+    if (manager == nullptr)
+        return;
+
+    if (selectedPodId != baylink::kNoPod && podId != selectedPodId)
+    {
+        manager->unlink (id, selectedPodId);
+        selectedPodId = baylink::kNoPod;
+    }
+
+    if (podId == baylink::kNoPod || podId == selectedPodId || ! manager->link (id, podId))
+        return;
+
+    selectedPodId = podId;
+    setParamDirect (SendGain, manager->getPodInfo (podId).gain, true);
+}
+
+void DuoJudgeProcessor::onPodLinked (baylink::PodId ownId, baylink::PodId podId)
+{
+    if (ownId == id)
+        connectToPod (podId);
+}
+
+void DuoJudgeProcessor::onPodRemoved (baylink::PodId podId)
+{
+    if (podId != selectedPodId || podId == baylink::kNoPod)
+        return;
+
+    selectedPodId = baylink::kNoPod;
+    setParamUndoable (ToggleAB, 0.0f, true);
+    setParamUndoable (EndTest, 1.0f, true);
+    setParamUndoable (EndTest, 0.0f, true);
+}

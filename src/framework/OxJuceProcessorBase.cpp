@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "framework/OxJuceProcessorBase.h"
+
+#include "framework/Settings.h"
+
+namespace
+{
+
+constexpr int kBaseFilterCapacity = 65536;   // samples
+constexpr int kBypassLineCapacity = 16383;   // samples: a longer latency is delayed by this much
+constexpr int kTimerPeriod = 50;             // milliseconds
+
+std::atomic<int> instanceCount { 0 };
+
+juce::String getNameOfPluginType (int type)
+{
+    switch (type)
+    {
+        case OxJuceProcessorBase::typeVst:
+            return "VST";
+        case OxJuceProcessorBase::typeAu:
+            return "AU";
+        case OxJuceProcessorBase::typeRtas:
+            return "RTAS";
+        case OxJuceProcessorBase::typeAax:
+            return "AAX";
+        case OxJuceProcessorBase::typeAudioSuite:
+            return "AS";
+        case OxJuceProcessorBase::typeVst3:
+            return "VST3";
+        default:
+            return "UNDEFINED_PLUGIN_TYPE";
+    }
+}
+
+}   // namespace
+
+Relaxed<bool> OxJuceProcessorBase::logParameterChanges = false;
+
+OxJuceProcessorBase::OxJuceProcessorBase (int typeOfWrapper) :
+    juce::AudioProcessor (BusesProperties()
+                              .withInput ("Input", juce::AudioChannelSet::stereo())
+                              .withOutput ("Output", juce::AudioChannelSet::stereo())),
+    CDelayFilter<float> (kBaseFilterCapacity), profilerItems { OxJuceProfilerItem (
+                                                                   "Processor_processBlock (vs sampleRate)"),
+                                                               OxJuceProfilerItem ("Processor_timerCallback"),
+                                                               OxJuceProfilerItem ("Editor_render"),
+                                                               OxJuceProfilerItem ("Editor_updateGui") },
+    pluginType (typeOfWrapper), pluginTypeName (getNameOfPluginType (typeOfWrapper))
+{
+    profilerItems[2].showFrequency = true;
+    syncDelayLines();
+    ++instanceCount;
+    persistentMapVersionFound = readSettingFloat ("PersistentParamMapVersion", 1.0) != 1.0f;
+}
+
+OxJuceProcessorBase::~OxJuceProcessorBase()
+{
+    --instanceCount;
+}
+
+int OxJuceProcessorBase::getInstanceCount() noexcept
+{
+    return instanceCount;
+}
+
+void OxJuceProcessorBase::finishConstruction()
+{
+    loadDefault();
+    fillPrograms();
+
+    const auto showToHooks = [this] (int firstId, int count)
+    {
+        for (int id = firstId; id < firstId + count; ++id)
+        {
+            afterParamChange (id);
+            guiUpdatePending = true;
+        }
+    };
+    showToHooks (0, numParams);
+    showToHooks (kPersistentIdBase, numPersistentParams);
+    showToHooks (kTransientIdBase, numTransientParams);
+
+    startTimer (kTimerPeriod);
+}
+
+void OxJuceProcessorBase::prepareToPlay (double newSampleRate, int newBlockSize)
+{
+    prepareAudio (newSampleRate, newBlockSize);
+    timerCallback();
+}
+
+void OxJuceProcessorBase::processBlock (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi)
+{
+    const auto numSamples = block.getNumSamples();
+    const auto sampleRate = getSampleRate();
+    OxJuceProfilerItem::Scope profile (profilerItems[0], sampleRate > 0.0 ? numSamples / sampleRate * 1000.0 : 0.0);
+
+    // The lines run while nothing is bypassed too, so that a change to bypass finds them filled.
+    syncDelayLinesIfNeeded();
+
+    for (int channel = 0; channel < std::min (block.getNumChannels(), delayLines.size()); ++channel)
+        delayLines.getUnchecked (channel)->push (block.getReadPointer (channel), numSamples);
+
+    updateTransport();
+    runPendingTimers();
+
+    switch (processMode)
+    {
+        case realTime:
+            processAudio (block, midi);
+            break;
+        case offlineAnalysis:
+            analyseOffline (block, midi);
+            break;
+        case offlineRender:
+            renderOffline (block, midi);
+            break;
+        default:
+            break;
+    }
+
+    offlineSamplePos += numSamples;
+}
+
+void OxJuceProcessorBase::processBlockBypassed (juce::AudioSampleBuffer& block, juce::MidiBuffer&)
+{
+    if (isSuspended())
+        return;
+
+    syncDelayLinesIfNeeded();
+
+    for (int channel = 0; channel < std::min (block.getNumChannels(), delayLines.size()); ++channel)
+        delayLines.getUnchecked (channel)->process (block.getWritePointer (channel), block.getNumSamples());
+}
+
+void OxJuceProcessorBase::syncDelayLinesIfNeeded()
+{
+    const auto* const firstLine = delayLines.getFirst();
+
+    if (delayLines.size() != getTotalNumInputChannels() ||
+        (firstLine != nullptr && firstLine->getDelay() != getLatencySamples()))
+        syncDelayLines();
+}
+
+void OxJuceProcessorBase::syncDelayLines()
+{
+    while (delayLines.size() < getTotalNumInputChannels())
+        delayLines.add (std::make_unique<CDelayFilter<float>> (kBypassLineCapacity));
+
+    for (auto* line : delayLines)
+        line->setDelay (getLatencySamples());
+}
+
+void OxJuceProcessorBase::runPendingTimers()
+{
+    // A host that renders on the message thread lets no timer through by itself. The toolkit's own answer takes a lock,
+    // so the audio thread asks it only when it may be yes.
+    if (messageThread == juce::Thread::getCurrentThreadId() && juce::MessageManager::existsAndIsCurrentThread())
+        juce::Timer::callPendingTimersSynchronously();
+}
+
+void OxJuceProcessorBase::timerCallback()
+{
+    OxJuceProfilerItem::Scope profile (profilerItems[1]);
+
+    if (juce::MessageManager::existsAndIsCurrentThread())
+        messageThread = juce::Thread::getCurrentThreadId();
+
+    if (deferredUpdateState != 0 && updateFromParams())
+        deferredUpdateState = deferredUpdateState == 2 ? 1 : 0;
+
+    timerTick();
+}
+
+bool OxJuceProcessorBase::isBusesLayoutSupported (const BusesLayout& layouts) const
+{
+    return ! layouts.getMainInputChannelSet().isDisabled() &&
+           layouts.getMainInputChannelSet() == layouts.getMainOutputChannelSet();
+}
+
+int OxJuceProcessorBase::getMaxNumChannels() const
+{
+    return std::max (getTotalNumInputChannels(), getTotalNumOutputChannels());
+}
+
+void OxJuceProcessorBase::numChannelsChanged()
+{
+    if (stateRestored && reloadPreset())
+        return;
+
+    selectDefaultPreset();
+    const juce::ScopedLock lock (undoLock);
+    clearUndoHistory();
+}

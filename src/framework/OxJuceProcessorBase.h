@@ -1,0 +1,338 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "framework/CDelayFilter.h"
+#include "framework/OxJuceChannelUser.h"
+#include "framework/OxJuceProfilerItem.h"
+#include "framework/OxParamRecord.h"
+
+#include <juce_audio_processors/juce_audio_processors.h>
+#include <juce_data_structures/juce_data_structures.h>
+
+/** The processor under every product of the family: parameters and the ways they change, the life between host and
+    product, transport, bypass delay, offline passes and the private command entry.
+
+    Parameters live in three groups of plain records under one integer id: normal ones (0 and up: one set a program, seen by
+    the host), persistent ones (9000 and up: machine-wide) and transient ones (9100 and up: never saved). Any thread reads
+    and writes a record without a lock. The product gives keys, names, texts, roles and the audio through virtual hooks; the
+    object is several megabytes large and belongs on the heap. */
+class OxJuceProcessorBase : public juce::AudioProcessor,
+                            public juce::Timer,
+                            public juce::UndoManager,
+                            public OxJuceChannelUser,
+                            protected CDelayFilter<float>
+{
+public:
+    /** Which processing the audio callback runs; the numbers are those of the private commands. */
+    enum ProcessMode : int
+    {
+        realTime = 100,
+        offlineAnalysis = 101,
+        offlineRender = 102,
+        analysisFinished = 103,
+        renderFinished = 104
+    };
+
+    /** What the adapters pass as wrapper type. */
+    enum PluginType : int
+    {
+        typeVst = 1,
+        typeAu = 2,
+        typeRtas = 3,
+        typeAax = 4,
+        typeAudioSuite = 6,
+        typeVst3 = 7
+    };
+
+    explicit OxJuceProcessorBase (int typeOfWrapper);
+    ~OxJuceProcessorBase() override;
+
+    // Parameters: reading ---------------------------------------------------------------------------------------------
+
+    /** The record of any id [any thread, never fails]: an id outside every group gives one spare record. */
+    OxParamRecord& parameter (int id) noexcept;
+
+    /** The whole number that a parameter holds in thousandths. */
+    int getParamCode (int id) noexcept { return thousandths::toCode (parameter (id).value); }
+
+    /** Copies the values of the normal parameters, and nothing else, into `set`. */
+    void captureParamSet (OxParamSet& set);
+
+    // Parameters: writing ---------------------------------------------------------------------------------------------
+
+    /** The one place that changes a record [any thread]. Clamps to 0 to 1, keeps machine-wide values in the settings,
+        runs the hooks, and tells the host of a visible normal parameter if `notifyHost` is set. */
+    void setParamDirect (int id, float value, bool notifyHost);
+
+    /** The path of the GUI and of every command [any thread]: carries out command parameters, drops a write of the value
+        that stands, and makes an undo step where the product wants one. */
+    void setParamUndoable (int id, float value, bool notifyHost);
+
+    /** Writes all normal parameters from `set` as the user would, and makes it the set that a reset returns to.
+        @param keepExcluded leave out what a preset recall leaves alone */
+    void applyParamSet (const OxParamSet& set, bool keepExcluded);
+
+    /** Tells the hooks of a write [any thread]; also used once for every id when a product is built. */
+    void afterParamChange (int id);
+
+    void clearChangedFlags();
+
+    /** Sends the values of all normal parameters that the host can see to the host. */
+    void sendAutomatableParams();
+
+    // Gestures: only the editor and `setParamUndoable` call these -----------------------------------------------------
+
+    /** A user took hold of `id`, or `id` moves as a consequence while a user holds another one. */
+    void beginGesture (int id);
+
+    /** A user let go of `id`. The last one let go also ends the gestures of those that followed. */
+    void endGesture (int id);
+
+    // Undo ------------------------------------------------------------------------------------------------------------
+
+    /** Performs an action, which is owned from here on, under the undo lock [any thread]. An action that comes up while an
+        undo or redo writes its parameters is dropped: the history holds its result already. */
+    bool performUndoable (juce::UndoableAction* action);
+
+    // Offline passes --------------------------------------------------------------------------------------------------
+
+    /** Walks a buffer of any length in chunks of at most 1024 samples, with the position at 0 or where it stood. */
+    void renderOfflineInChunks (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi);
+    void analyseOfflineInChunks (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi);
+
+    /** The private command entry [any thread of the host]: 0 for a wrong magic or an unknown opcode.
+        @param pointer what it points to depends on the opcode; null is let pass */
+    virtual juce::int64 handleVendorCommand (juce::int32 magic, juce::int32 opcode, void* pointer, float opt);
+
+    const juce::String& getPluginTypeName() const noexcept { return pluginTypeName; }
+    const juce::String& getFileDetailsPath() const noexcept { return fileDetailsPath; }
+
+    /** @returns how many processors live in this process. */
+    static int getInstanceCount() noexcept;
+
+    // juce::AudioProcessor --------------------------------------------------------------------------------------------
+
+    void prepareToPlay (double newSampleRate, int newBlockSize) override;
+    void releaseResources() override {}
+    void processBlock (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) override;
+    void processBlockBypassed (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) override;
+    using juce::AudioProcessor::processBlock;
+    using juce::AudioProcessor::processBlockBypassed;
+
+    const juce::String getInputChannelName (int index) const override { return juce::String (index + 1); }
+    const juce::String getOutputChannelName (int index) const override { return juce::String (index + 1); }
+    bool isInputChannelStereoPair (int) const override { return true; }
+    bool isOutputChannelStereoPair (int) const override { return true; }
+    bool silenceInProducesSilenceOut() const override { return false; }
+    double getTailLengthSeconds() const override { return 0.0; }
+    void reset() override {}
+    bool hasEditor() const override { return true; }
+    bool isBusesLayoutSupported (const BusesLayout& layouts) const override;
+    void numChannelsChanged() override;
+
+    int getNumParameters() override { return numParams; }
+    const juce::String getParameterName (int id) override = 0;
+    const juce::String getParameterText (int id) override = 0;
+    using juce::AudioProcessor::getParameterName;
+    using juce::AudioProcessor::getParameterText;
+    float getParameter (int index) override;
+    juce::String getParameterLabel (int) const override { return {}; }
+    int getParameterNumSteps (int) override { return 0x7fffffff; }
+    void setParameter (int index, float value) override;
+    bool isParameterAutomatable (int) const override { return true; }
+
+    /** @returns whether an adapter publishes the parameter to the host. */
+    virtual bool isParameterHostVisible (int) const { return true; }
+
+    int getNumPrograms() override { return numPrograms; }
+    int getCurrentProgram() override { return currentProgram; }
+    void setCurrentProgram (int index) override;
+    const juce::String getProgramName (int index) override;
+    void changeProgramName (int index, const juce::String& name) override;
+
+    void getStateInformation (juce::MemoryBlock&) override {}
+    void setStateInformation (const void*, int) override {}
+    void getCurrentProgramStateInformation (juce::MemoryBlock& dest) override { getStateInformation (dest); }
+    void setCurrentProgramStateInformation (const void* data, int size) override { setStateInformation (data, size); }
+
+    /** The larger of the input and the output channel count. */
+    virtual int getMaxNumChannels() const;
+
+    void timerCallback() override;
+
+    // Hooks of the product --------------------------------------------------------------------------------------------
+
+    virtual void initialiseProduct() {}
+    virtual void shutdownProduct() {}
+    virtual void handleVendorPointer (void*) {}
+
+    /** Takes the path of the processed file from a "FILEDETAILS" element and drops the element. */
+    virtual void setFileDetails (std::unique_ptr<juce::XmlElement> xml);
+    virtual bool handleVendorArguments (const juce::StringArray&) { return true; }
+
+    /** The stable text key of a parameter, in saved XML and in the settings. */
+    virtual juce::String getParamKey (int id) = 0;
+    virtual int getParamIdForKey (const juce::String& key) = 0;
+    virtual bool isParamExcludedFromPresets (int id) = 0;
+    virtual bool isParamShownOnChange (int id) = 0;
+    virtual bool isParamUndoable (int id) = 0;
+    virtual int getNumPersistentParams() { return numPersistentParams; }
+    virtual int getNumTransientParams() { return numTransientParams; }
+
+    /** Swaps the normal parameters with the alternate set, or copies them into it. There is no alternate set to meet yet. */
+    virtual void toggleAlternate (float) {}
+    virtual void copyToAlternate (float) {}
+
+    /** Called after every write of every group, on the thread that wrote. */
+    virtual void parameterChanged (int id) = 0;
+
+    virtual void saveAsDefault() {}
+
+    /** @returns whether a stored default was found. */
+    virtual bool loadDefault() { return false; }
+    virtual void logParam (int) {}
+    virtual int getParamMapVersion() { return 1; }
+    virtual int getPersistentParamMapVersion() { return 1; }
+    virtual void convertParamMap (int) {}
+    virtual void convertPersistentParamMap (int) {}
+    virtual juce::String adjustPresetFolder (const juce::String& path) { return path; }
+
+    // Preset files: this build holds presets as programs only, so that a step between files finds none.
+    virtual void selectDefaultPreset() {}
+    virtual bool loadPreset (const juce::String&, const juce::String&) { return false; }
+    virtual bool reloadPreset() { return false; }
+    virtual void nextPreset() {}
+    virtual void previousPreset() {}
+    virtual bool isPresetModified() { return false; }
+    virtual bool isParamCompared (int) { return true; }
+
+    virtual void getExtraStateBlock (juce::MemoryBlock&) {}
+    virtual void setExtraStateBlock (const void*, int) {}
+    virtual void writeExtraState (juce::XmlElement&) {}
+    virtual void readExtraState (const juce::XmlElement&) {}
+
+    /** The product's audio [audio thread]: `block` is changed in place. */
+    virtual void processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) = 0;
+    virtual void prepareAudio (double, int) {}
+
+    virtual void prepareOfflineRender();
+    virtual void prepareOfflineAnalysis();
+    virtual void finishOfflineRender() {}
+    virtual void finishOfflineAnalysis() {}
+    virtual void renderOffline (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) { processAudio (block, midi); }
+    virtual void analyseOffline (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) { processAudio (block, midi); }
+
+    /** Recomputes what audio needs from the parameters, after one of them has changed.
+        @returns false to be called again at the next tick */
+    virtual bool updateFromParams() { return true; }
+
+    /** Runs every 50 ms on the message thread, and for every chunk of an offline pass. */
+    virtual void timerTick() {}
+
+    // Roles: the product's constant id behind each duty of the framework.
+    virtual int getMenuParam() const = 0;
+    virtual int getUndoParam() const = 0;
+    virtual int getRedoParam() const = 0;
+    virtual int getAbParam() const = 0;
+    virtual int getAtoBParam() const = 0;
+    virtual int getPresetNextParam() const = 0;
+    virtual int getPresetPrevParam() const = 0;
+    virtual int getProfilingParam() const = 0;
+    virtual int getExportSupportParam() const = 0;
+    virtual int getRoutingParam() const = 0;
+    virtual int getRoutingDefaultParam() const = 0;
+    virtual int getRoutingDefault71Param() const = 0;
+    virtual int getRoutingDefault712Param() const = 0;
+    virtual int getFramerateParam() const = 0;
+    virtual int getFramerateDefaultParam() const = 0;
+    virtual int getParamMapVersionParam() const = 0;
+    virtual int getPersistentParamMapVersionParam() const = 0;
+    virtual int getResetToPresetParam() const = 0;
+    virtual int getNoParamId() const { return kNoParam; }
+
+    /** The routing code in force for a channel count, -1 meaning the processor's own. A code that is not valid for the
+        count is replaced. */
+    virtual int getRoutingForChannels (int numChannels);
+
+    /** The plug-in format's own order of channels. */
+    virtual int getDefaultRouting (int numChannels);
+
+    /** The frame rate code in force, 0 to 12. A code out of range is replaced. */
+    virtual int getFramerateCode();
+    virtual void setFramerateCode (int code);
+
+    // Shared with the editor and the adapters -------------------------------------------------------------------------
+
+    Relaxed<int> pendingParameterTextId = kNoParam;   // the last parameter that really changed; the editor resets it
+    Relaxed<bool> guiUpdatePending = true;            // only the editor's timer clears it
+    Relaxed<bool> pluginDisabled = false;             // the editor shows its blocking screen
+    Relaxed<juce::int64> blockStartSample = 0;        // timeline position of the block; kept while the host is stopped
+    Relaxed<juce::int64> offlineSamplePos = 0;        // samples since the start of an offline pass
+    Relaxed<int> processMode = realTime;
+    Relaxed<int> deferredUpdateState = 1;              // 0 nothing waits, 1 an update waits, 2 and one more after it
+    std::array<OxJuceProfilerItem, 4> profilerItems;   // audio block, timer, render, GUI update
+    bool isVenueVersion = false;
+
+    /** Log every parameter write of a host, in the whole process. */
+    static Relaxed<bool> logParameterChanges;
+
+protected:
+    // Setting up: only the product's constructor calls these, after it has set the group sizes. -----------------------
+
+    void addNormalParam (const char* key, int id, float value);
+    void addPersistentParam (const char* key, int id, float value);
+    void addTransientParam (const char* key, int id, float value);
+
+    /** Loads the stored defaults, fills and names the programs, and shows every parameter to the hooks once. */
+    void finishConstruction();
+
+    int numParams = 0, numPersistentParams = 0, numTransientParams = 0;
+    const int pluginType;
+
+private:
+    enum class Group
+    {
+        normal,
+        persistent,
+        transient,
+        none
+    };
+
+    Group getGroup (int id) const noexcept;
+    int getCurrentProgramIndex() const noexcept;
+    void copyRoutingToDefault (float value);
+    void fillPrograms();
+    void stepProgram (int step);
+    void tellGestureBegin (int id);
+    void tellGestureEnd (int id);
+    void syncDelayLines();
+    void syncDelayLinesIfNeeded();
+    void runPendingTimers();
+    void updateTransport();
+
+    template <typename Process>
+    void processInChunks (juce::AudioSampleBuffer& block, Process&& process);
+
+    const juce::String pluginTypeName;
+    std::array<OxParamSet, kMaxPrograms> programs;
+    OxParamSet transientParams, persistentParams;
+    OxParamSet resetParams;   // what a reset returns to: the set applied last
+    OxParamRecord invalidParam;
+    const int numPrograms = kMaxPrograms;
+    int numFactoryPrograms = 0, numUserPrograms = 0;
+    Relaxed<int> currentProgram = 0;
+    const float undoThreshold = 0.0f;   // a change must exceed it
+
+    juce::CriticalSection gestureLock, linkedGestureLock, undoLock;
+    juce::Array<int> gestureParams;         // held by a user now
+    juce::Array<int> linkedGestureParams;   // moved as a consequence meanwhile
+
+    juce::OwnedArray<CDelayFilter<float>> delayLines;          // one an input channel, for the bypass; never shrinks
+    Relaxed<juce::Thread::ThreadID> messageThread = nullptr;   // that of the last tick
+    juce::String fileDetailsPath;
+    bool stateRestored = false;
+    bool persistentMapVersionFound = false;
+    bool vendorFlag = false;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (OxJuceProcessorBase)
+};

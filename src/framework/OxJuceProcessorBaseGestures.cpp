@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Gestures: what a user holds, and what moves along with it, as a host that records automation sees it.
+#include "framework/OxJuceProcessorBase.h"
+
+void OxJuceProcessorBase::beginGesture (int id)
+{
+    if (id == getNoParamId() || id >= kPersistentIdBase)
+        return;
+
+    const auto isHeldByUser = [this, id]
+    {
+        const juce::ScopedLock lock (gestureLock);
+        return gestureParams.contains (id);
+    }();
+
+    if (isHeldByUser)
+        return;
+
+    if (parameter (id).editedByGui)
+    {
+        {
+            const juce::ScopedLock lock (gestureLock);
+            gestureParams.add (id);
+        }
+        tellGestureBegin (id);
+        return;
+    }
+
+    {
+        const juce::ScopedLock lock (gestureLock);
+
+        if (gestureParams.isEmpty())
+            return;
+    }
+    {
+        const juce::ScopedLock lock (linkedGestureLock);
+
+        if (! linkedGestureParams.addIfNotAlreadyThere (id))
+            return;
+    }
+    tellGestureBegin (id);
+}
+
+void OxJuceProcessorBase::endGesture (int id)
+{
+    if (id >= kPersistentIdBase)
+        return;
+
+    tellGestureEnd (id);
+    {
+        const juce::ScopedLock lock (gestureLock);
+        gestureParams.removeFirstMatchingValue (id);
+
+        if (! gestureParams.isEmpty())
+            return;
+
+        gestureParams.clear();
+    }
+
+    juce::Array<int> followers;
+    {
+        const juce::ScopedLock lock (linkedGestureLock);
+        followers.swapWith (linkedGestureParams);
+    }
+
+    for (const auto follower : followers)
+        tellGestureEnd (follower);
+}
+
+// The toolkit tells its listeners from the last to the first, each taken under the list's lock.
+void OxJuceProcessorBase::tellGestureBegin (int id)
+{
+    if (getGroup (id) == Group::normal)
+    {
+        JUCE_BEGIN_IGNORE_WARNINGS_GCC_LIKE ("-Wdeprecated-declarations")
+        beginParameterChangeGesture (id);
+        JUCE_END_IGNORE_WARNINGS_GCC_LIKE
+    }
+}
+
+void OxJuceProcessorBase::tellGestureEnd (int id)
+{
+    if (getGroup (id) == Group::normal)
+    {
+        JUCE_BEGIN_IGNORE_WARNINGS_GCC_LIKE ("-Wdeprecated-declarations")
+        endParameterChangeGesture (id);
+        JUCE_END_IGNORE_WARNINGS_GCC_LIKE
+    }
+}

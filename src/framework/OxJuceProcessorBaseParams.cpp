@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The parameter store: groups, records, and the ways a value changes.
+#include "framework/OxJuceProcessorBase.h"
+
+#include "framework/OxJuceUndoableAction.h"
+#include "framework/Settings.h"
+
+namespace
+{
+
+/** The id behind a role, asked of the product once in the life of the process: roles are constants. */
+template <int (OxJuceProcessorBase::*accessor)() const>
+int roleId (const OxJuceProcessorBase& product)
+{
+    constexpr int unasked = -1;
+    static Relaxed<int> cached = unasked;
+
+    if (cached == unasked)
+        cached = (product.*accessor)();
+
+    return cached;
+}
+
+using Base = OxJuceProcessorBase;
+
+/** A command parameter acts on a press, which is exactly 1. */
+bool isPress (float value)
+{
+    return value == 1.0f;
+}
+
+}   // namespace
+
+OxJuceProcessorBase::Group OxJuceProcessorBase::getGroup (int id) const noexcept
+{
+    if (id >= 0 && id < numParams)
+        return Group::normal;
+
+    if (id >= kPersistentIdBase && id < kPersistentIdBase + numPersistentParams)
+        return Group::persistent;
+
+    if (id >= kTransientIdBase && id < kTransientIdBase + numTransientParams)
+        return Group::transient;
+
+    return Group::none;
+}
+
+int OxJuceProcessorBase::getCurrentProgramIndex() const noexcept
+{
+    const int index = currentProgram;
+    return index < kMaxPrograms ? index : 0;
+}
+
+OxParamRecord& OxJuceProcessorBase::parameter (int id) noexcept
+{
+    const auto record = [] (OxParamSet& set, int index) -> OxParamRecord&
+    { return set.params[static_cast<std::size_t> (index < kMaxParams ? index : 0)]; };
+
+    switch (getGroup (id))
+    {
+        case Group::normal:
+            return record (programs[static_cast<std::size_t> (getCurrentProgramIndex())], id);
+        case Group::persistent:
+            return record (persistentParams, id - kPersistentIdBase);
+        case Group::transient:
+            return record (transientParams, id - kTransientIdBase);
+        default:
+            return invalidParam;
+    }
+}
+
+float OxJuceProcessorBase::getParameter (int index)
+{
+    return index >= 0 && index < getNumParameters() ? parameter (index).value.get() : 0.0f;
+}
+
+void OxJuceProcessorBase::addNormalParam (const char*, int id, float value)
+{
+    auto& record = parameter (id);
+    record.value = record.defaultValue = value;
+}
+
+void OxJuceProcessorBase::addPersistentParam (const char* key, int id, float value)
+{
+    auto& record = parameter (id);
+    record.defaultValue = value;
+    record.value = readSettingFloat (key, value);
+}
+
+void OxJuceProcessorBase::addTransientParam (const char*, int id, float value)
+{
+    auto& record = parameter (id);
+    record.value = record.defaultValue = value;
+}
+
+void OxJuceProcessorBase::setParameter (int index, float value)
+{
+    if (index < 0 || index >= getNumParameters())
+        return;
+
+    if (logParameterChanges)
+        juce::Logger::writeToLog ("OxJuceProcessorBase::setParameter " + getParameterName (index) + " = " +
+                                  juce::String (value, 2));
+
+    setParamDirect (index, value, false);
+}
+
+void OxJuceProcessorBase::setParamDirect (int id, float value, bool notifyHost)
+{
+    const auto group = getGroup (id);
+    auto& record = parameter (id);
+    const auto clamped = value < 0.0f ? 0.0f : value > 1.0f ? 1.0f : value;   // not a number passes as it is
+
+    if (group == Group::persistent && record.value != clamped)
+        writeSettingFloat (getParamKey (id), clamped);
+
+    record.previousValue = record.value;
+    record.value = clamped;
+
+    if (clamped != record.previousValue)
+    {
+        record.changed = true;
+        pendingParameterTextId = id;
+        guiUpdatePending = true;
+    }
+
+    afterParamChange (id);
+
+    if (notifyHost && group == Group::normal && isParameterHostVisible (id))
+        sendParamChangeMessageToListeners (id, record.value);
+}
+
+void OxJuceProcessorBase::afterParamChange (int id)
+{
+    const auto& record = parameter (id);
+
+    if (id == roleId<&Base::getRoutingParam> (*this) && record.editedByGui)
+        copyRoutingToDefault (record.value);
+
+    if (id == roleId<&Base::getResetToPresetParam> (*this) && record.value != 0.0f)
+        applyParamSet (resetParams, false);
+
+    parameterChanged (id);
+}
+
+void OxJuceProcessorBase::copyRoutingToDefault (float value)
+{
+    const auto numChannels = getMaxNumChannels();
+
+    if (numChannels <= 6)
+        setParamDirect (roleId<&Base::getRoutingDefaultParam> (*this), value, false);
+    else if (numChannels == 8)
+        setParamDirect (roleId<&Base::getRoutingDefault71Param> (*this), value, false);
+    else if (numChannels == 10)
+        setParamDirect (roleId<&Base::getRoutingDefault712Param> (*this), value, false);
+}
+
+void OxJuceProcessorBase::setParamUndoable (int id, float value, bool notifyHost)
+{
+    beginGesture (id);
+
+    if (id == roleId<&Base::getUndoParam> (*this) || id == roleId<&Base::getRedoParam> (*this))
+    {
+        if (! isPress (value))
+            return;
+
+        const juce::ScopedLock lock (undoLock);
+        const auto undoes = id == roleId<&Base::getUndoParam> (*this);
+        undoes ? juce::UndoManager::undo() : juce::UndoManager::redo();
+        guiUpdatePending = true;
+        return;
+    }
+
+    if (id == roleId<&Base::getAbParam> (*this))
+        return toggleAlternate (value);
+
+    if (id == roleId<&Base::getAtoBParam> (*this))
+        return isPress (value) ? copyToAlternate (value) : void();
+
+    if (id == roleId<&Base::getPresetPrevParam> (*this) || id == roleId<&Base::getPresetNextParam> (*this))
+        return isPress (value) ? stepProgram (id == roleId<&Base::getPresetNextParam> (*this) ? 1 : -1) : void();
+
+    const float old = parameter (id).value;
+
+    if (! (value > old + undoThreshold || value < old - undoThreshold))
+        return;
+
+    if (isParamUndoable (id))
+        performUndoable (new OxJuceUndoableAction (this, id, old, value, notifyHost));
+    else
+        setParamDirect (id, value, notifyHost);
+}
+
+bool OxJuceProcessorBase::performUndoable (juce::UndoableAction* action)
+{
+    std::unique_ptr<juce::UndoableAction> owned (action);
+    const juce::ScopedLock lock (undoLock);
+    return ! isPerformingUndoRedo() && juce::UndoManager::perform (owned.release());
+}
+
+void OxJuceProcessorBase::captureParamSet (OxParamSet& set)
+{
+    for (int id = 0; id < numParams; ++id)
+        set.params[static_cast<std::size_t> (id)].value = parameter (id).value;
+}
+
+void OxJuceProcessorBase::applyParamSet (const OxParamSet& set, bool keepExcluded)
+{
+    for (int id = 0; id < numParams; ++id)
+    {
+        if (id == roleId<&Base::getAbParam> (*this) || id == getNoParamId())
+            continue;
+
+        if (! keepExcluded || ! isParamExcludedFromPresets (id))
+            setParamUndoable (id, set.params[static_cast<std::size_t> (id)].value, true);
+    }
+
+    captureParamSet (resetParams);
+}
+
+void OxJuceProcessorBase::clearChangedFlags()
+{
+    const auto clear = [this] (int firstId, int count)
+    {
+        for (int id = firstId; id < firstId + count; ++id)
+            parameter (id).changed = false;
+    };
+    clear (0, numParams);
+    clear (kPersistentIdBase, numPersistentParams);
+    clear (kTransientIdBase, numTransientParams);
+}
+
+void OxJuceProcessorBase::sendAutomatableParams()
+{
+    for (int id = 0; id < numParams; ++id)
+        if (isParameterHostVisible (id))
+            sendParamChangeMessageToListeners (id, parameter (id).value);
+}

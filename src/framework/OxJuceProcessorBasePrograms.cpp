@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Programs: one full set of normal parameters each.
+#include "framework/OxJuceProcessorBase.h"
+
+namespace
+{
+
+std::size_t programOrFirst (int index)
+{
+    return index >= 0 && index < kMaxPrograms ? static_cast<std::size_t> (index) : 0;
+}
+
+}   // namespace
+
+void OxJuceProcessorBase::fillPrograms()
+{
+    const auto first = numFactoryPrograms + numUserPrograms;
+
+    for (int index = first; index < numPrograms; ++index)
+    {
+        auto& program = programs[static_cast<std::size_t> (index)];
+        captureParamSet (program);
+        program.name = "User" + juce::String (index - first + 1).paddedLeft ('0', 2);
+    }
+
+    numUserPrograms = numPrograms - numFactoryPrograms;
+}
+
+void OxJuceProcessorBase::setCurrentProgram (int index)
+{
+    if (index >= 0 && index < kMaxPrograms)
+        currentProgram = index;
+
+    applyParamSet (programs[static_cast<std::size_t> (getCurrentProgramIndex())], false);
+    guiUpdatePending = true;
+}
+
+void OxJuceProcessorBase::stepProgram (int step)
+{
+    setCurrentProgram ((getCurrentProgram() + step + numPrograms) % numPrograms);
+
+    for (int id = 0; id < numParams; ++id)
+        parameter (id).changed = true;
+
+    sendAutomatableParams();
+    updateHostDisplay();
+}
+
+const juce::String OxJuceProcessorBase::getProgramName (int index)
+{
+    return programs[programOrFirst (index)].name;
+}
+
+void OxJuceProcessorBase::changeProgramName (int index, const juce::String& name)
+{
+    programs[programOrFirst (index)].name = name;
+    guiUpdatePending = true;
+}

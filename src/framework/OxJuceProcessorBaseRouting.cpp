@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Channel routing codes: which speaker each channel of a surround bus is.
+#include "framework/OxJuceProcessorBase.h"
+
+namespace
+{
+
+constexpr int kRoutingOfSmallBuses = 1;
+constexpr int kAskForDefault = 99;
+constexpr int kNoRouting = 100;   // valid for no bus: replaced when it is asked for
+
+bool isAvid (int pluginType)
+{
+    return pluginType == OxJuceProcessorBase::typeRtas || pluginType == OxJuceProcessorBase::typeAax;
+}
+
+bool isVst (int pluginType)
+{
+    return pluginType == OxJuceProcessorBase::typeVst || pluginType == OxJuceProcessorBase::typeVst3;
+}
+
+bool isBetween (int code, int first, int last)
+{
+    return code >= first && code <= last;
+}
+
+}   // namespace
+
+int OxJuceProcessorBase::getDefaultRouting (int)
+{
+    const auto numChannels = getMaxNumChannels();
+
+    if (numChannels < 0 || numChannels > 12)
+        return kNoRouting;
+
+    if (numChannels <= 6)
+        return pluginType == typeAu ? 2 : isAvid (pluginType) ? 0 : 1;
+
+    if (numChannels <= 8)
+        return isVst (pluginType) ? 9 : 3;
+
+    if (numChannels <= 10)
+        return isAvid (pluginType) ? 15 : 16;
+
+    return isAvid (pluginType) ? 24 : 25;
+}
+
+int OxJuceProcessorBase::getRoutingForChannels (int requestedChannels)
+{
+    const auto numChannels = requestedChannels == -1 ? getMaxNumChannels() : requestedChannels;
+
+    if (numChannels < 3)
+        return kRoutingOfSmallBuses;
+
+    const auto code = getParamCode (getRoutingParam());
+
+    if (code == kAskForDefault)
+        return getDefaultRouting (numChannels);
+
+    const auto use = [this] (int newCode)
+    {
+        setParamUndoable (getRoutingParam(), thousandths::fromCode (newCode), false);
+        return newCode;
+    };
+
+    if (numChannels <= 6)
+    {
+        if (isBetween (code, 0, 2) || isBetween (code, 17, 18))
+            return code;
+
+        const auto stored = getParamCode (getRoutingDefaultParam());
+        return use (isBetween (stored, 0, 2) ? stored : pluginType == typeAu ? 2 : isAvid (pluginType) ? 0 : 1);
+    }
+
+    if (numChannels <= 8)
+    {
+        if (isBetween (code, 3, 9) || isBetween (code, 13, 14) || isBetween (code, 24, 25))
+            return code;
+
+        const auto stored = getParamCode (getRoutingDefault71Param());
+        return use (isBetween (stored, 3, 9) ? stored : isVst (pluginType) ? 9 : 3);
+    }
+
+    if (numChannels <= 10)
+    {
+        if (isBetween (code, 15, 19))
+            return code;
+
+        const auto stored = getParamCode (getRoutingDefault712Param());
+        return use (isBetween (stored, 15, 19) ? stored : isAvid (pluginType) ? 15 : 16);
+    }
+
+    if (numChannels <= 12 && ! isBetween (code, 24, 25))
+        return use (isAvid (pluginType) ? 24 : 25);
+
+    return code;
+}

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Relaxed.h"
+
+#include <juce_core/juce_core.h>
+
+/** Running averages of how long one of the main loops takes.
+
+    One thread measures, the render thread reads along. While `enabled` is false a measurement costs one test. */
+class OxJuceProfilerItem
+{
+public:
+    explicit OxJuceProfilerItem (const juce::String& itemName) : name (itemName) {}
+    virtual ~OxJuceProfilerItem() = default;
+
+    /** Begins a measurement. @param expectedMs what it may take, or 0 for no expectation */
+    void start (double expectedMs = 0.0);
+
+    /** Ends the measurement that runs, if one does. */
+    void stop();
+
+    /** Measures the scope it stands in, on every way out of it. */
+    class Scope
+    {
+    public:
+        explicit Scope (OxJuceProfilerItem& itemToMeasure, double expectedMs = 0.0) : item (itemToMeasure)
+        {
+            item.start (expectedMs);
+        }
+
+        ~Scope() { item.stop(); }
+
+        Scope (const Scope&) = delete;
+        Scope& operator= (const Scope&) = delete;
+
+    private:
+        OxJuceProfilerItem& item;
+    };
+
+    Relaxed<bool> enabled = false;
+    bool showFrequency = false;
+    float smoothing = 0.99f;   // weight of the old value in the averages
+    juce::String name;
+    double startTime = 0.0, lastStartTime = 0.0;   // milliseconds; 0 while nothing is measured
+    Relaxed<double> averageDuration = 0.0, averageInterval = 0.0, maxDuration = 0.0;   // milliseconds
+    Relaxed<double> averageLoad = 0.0, maxLoad = 0.0;                                  // duration / expected duration
+    double expectedDuration = 0.0;                                                     // milliseconds; 0 means none
+};

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <juce_data_structures/juce_data_structures.h>
+
+class OxJuceProcessorBase;
+
+/** One parameter change as an undo step. */
+class OxJuceUndoableAction : public juce::UndoableAction
+{
+public:
+    /** @param processorToChange not owned; null makes `perform` and `undo` fail */
+    OxJuceUndoableAction (OxJuceProcessorBase* processorToChange, int id, float valueBefore, float valueAfter,
+                          bool tellHost);
+
+    bool perform() override;
+    bool undo() override;
+
+    /** Joins a following change of the same parameter, so that a drag leaves one step from its begin to its end. */
+    juce::UndoableAction* createCoalescedAction (juce::UndoableAction* next) override;
+
+private:
+    OxJuceProcessorBase* processor;
+    int paramId;
+    float oldValue, newValue;
+    bool notifyHost;
+};

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "metering/OxJuceObserver.h"
+
+/** Peak meter: keeps the largest magnitude since the last reading.
+
+    `blockLevel` is the one word that both threads write: the audio thread collects into it, the reader marks it as read.
+    A level that falls between reading and mark is lost, which costs one reading. All else belongs to one thread. */
+class OxJuceObserverLevelMeter : public OxJuceObserverTimeDomainLevelSingleChannel
+{
+public:
+    static constexpr float kNoBallistics = 1e6f;   // as fall rate: follow the signal at once
+
+    OxJuceObserverLevelMeter();
+
+    void reset() override;
+    void process (const juce::AudioSampleBuffer& block) override;
+    float getLevelDb() override;
+    float getInstantLevelDb() override;
+
+    /** `getLevelDb` at a given moment: rises at once, and falls by `fallRateDbPerSecond` since the last reading. */
+    float getLevelDbAt (juce::Time now);
+
+    Relaxed<float> fallRateDbPerSecond = kNoBallistics;
+    Relaxed<float> direction = 1.0f;   // multiplies the comparison and the fall
+
+protected:
+    static constexpr float noLevelMark = -1000.0f;   // no new level has come in: below any magnitude
+    static constexpr float silentLevel = 0.0f;
+
+    Relaxed<float> blockLevel = 0.0f;   // linear
+
+private:
+    juce::int64 lastReadTime;   // milliseconds
+    float heldLevelDb = -1000.0f, lastLevel = 0.0f;
+};
+
+/** 20 log10 of a linear level, in double; -1e10 below 1e-10. */
+float linearToDecibels (float linear);

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/KnownFolders.h"
+
+namespace platform
+{
+namespace
+{
+
+juce::String& redirectedFolder()
+{
+    static juce::String folder;
+    return folder;
+}
+
+}   // namespace
+
+juce::String findCommonProgramFilesFolder (const juce::String& fileBelow)
+{
+    if (redirectedFolder().isNotEmpty())
+        return redirectedFolder();
+
+    const auto home = juce::File::getSpecialLocation (juce::File::userHomeDirectory);
+    const auto nativeFile = fileBelow.replaceCharacter ('\\', '/');
+    const juce::File candidates[] { home.getChildFile (".local/lib"), juce::File ("/usr/local/lib") };
+
+    for (const auto& folder : candidates)
+        if (folder.getChildFile (nativeFile).existsAsFile())
+            return folder.getFullPathName();
+
+    return candidates[0].getFullPathName();
+}
+
+ScopedCommonProgramFilesFolder::ScopedCommonProgramFilesFolder (const juce::File& folder) :
+    previous (redirectedFolder())
+{
+    redirectedFolder() = folder.getFullPathName();
+}
+
+ScopedCommonProgramFilesFolder::~ScopedCommonProgramFilesFolder()
+{
+    redirectedFolder() = previous;
+}
+
+}   // namespace platform

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <juce_core/juce_core.h>
+
+namespace platform
+{
+
+/** The folder for program files that several products share [message thread].
+
+    On this system there are two, `~/.local/lib` and `/usr/local/lib`: the first in which `fileBelow` stands is meant, and
+    the user's own where it stands in neither.
+    @param fileBelow a path below the folder, with either separator
+    @returns the folder's path without a trailing separator, or empty when the system names no such folder */
+juce::String findCommonProgramFilesFolder (const juce::String& fileBelow);
+
+/** While it lives, shared program files are looked for in `folder` alone, so that a test never meets the user's own. */
+class ScopedCommonProgramFilesFolder
+{
+public:
+    explicit ScopedCommonProgramFilesFolder (const juce::File& folder);
+    ~ScopedCommonProgramFilesFolder();
+
+    ScopedCommonProgramFilesFolder (const ScopedCommonProgramFilesFolder&) = delete;
+    ScopedCommonProgramFilesFolder& operator= (const ScopedCommonProgramFilesFolder&) = delete;
+
+private:
+    juce::String previous;
+};
+
+}   // namespace platform

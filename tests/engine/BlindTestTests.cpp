@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/EngineRig.h"
+
+#include <gtest/gtest.h>
+
+using namespace duoJudge;
+
+TEST (BlindTestTest, VotesGoToTheSourceThatPlaysOnRelease)
+{
+    EngineRig rig;
+    rig.addPod().set (Choose, 1.0f);
+    EXPECT_EQ (rig.processor().getVoteStatistics().votes, 0);
+    rig.set (ToggleAB, 1.0f).set (Choose, 0.0f);
+    rig.set (ToggleAB, 0.0f).click (Choose).click (Choose);
+    const auto votes = rig.processor().getVoteStatistics();
+    EXPECT_EQ (votes.votes, 3);
+    EXPECT_EQ (votes.votesForA, 2);
+    EXPECT_EQ (votes.votesForB, 1);
+
+    rig.set (EndTest, 1.0f);
+    EXPECT_EQ (rig.processor().getVoteStatistics().votes, 0);
+}
+
+TEST (BlindTestTest, LabelsAlwaysStandForDifferentSources)
+{
+    EngineRig rig;
+    rig.set (ToggleXY, 1.0f);
+    EXPECT_EQ (rig.processor().getParameter (ToggleAB), 1.0f);
+    rig.processor().setParameter (ToggleXY, 1.0f);
+    EXPECT_EQ (rig.processor().getParameter (ToggleAB), 1.0f) << "the same label again flips nothing";
+    rig.set (ToggleXY, 0.0f);
+    EXPECT_EQ (rig.processor().getParameter (ToggleAB), 0.0f);
+
+    rig.set (Undo, 1.0f);
+    EXPECT_EQ (rig.processor().getParameter (ToggleXY), 0.0f);
+    EXPECT_EQ (rig.processor().getParameter (ToggleAB), 0.0f);
+}
+
+TEST (VoteFadeTest, FallsDrawsInSilenceAndRisesOnTheNewSource)
+{
+    EngineRig rig (48000.0, 64);
+    rig.addPod().play ([] (int, std::int64_t) { return 1.0f; }, [] (int, std::int64_t) { return -1.0f; }).run (6400);
+    const auto heard = rig.click (Choose).run (6400);
+    auto gain = 1.0f;
+    const auto step = -20.0f / 48000.0f;
+    int sample = 0;
+
+    for (; gain > 0.0f; ++sample, gain = std::max (0.0f, gain + step))
+        ASSERT_EQ (heard.getSample (1, sample), gain) << sample;
+
+    EXPECT_NEAR (sample, 2400, 2) << "50 ms";
+    const auto turn = (sample + 63) / 64 * 64;   // the draw waits for the end of the block
+
+    for (; sample < turn; ++sample)
+        ASSERT_EQ (heard.getSample (1, sample), 0.0f) << sample;
+
+    EXPECT_EQ (rig.processor().getParameter (ToggleAB), 1.0f);
+    EXPECT_EQ (heard.getSample (0, turn), 0.0f);
+    EXPECT_GT (heard.getSample (0, turn + 200), 0.0f) << "the crossfade from A begins under the rise";
+    EXPECT_NEAR (heard.getSample (0, turn + 2200), -2200.0f / 2400.0f, 1e-3f);
+    EXPECT_EQ (heard.getSample (0, turn + 2402), -1.0f);
+    EXPECT_FALSE (rig.processor().isVoteFadeActive());
+}
+
+TEST (VoteFadeTest, DrawOfTheSameSourceBringsItBackWithoutACrossfade)
+{
+    EngineRig rig (48000.0, 64);
+    rig.processor().setCoin ([] { return 0; });
+    rig.addPod().play ([] (int, std::int64_t) { return 1.0f; }, noise (3)).run (6400);
+    const auto heard = rig.click (Choose).run (6400);
+    const auto turn = 2432;
+
+    for (int i = 0; i < 2300; ++i)
+        ASSERT_NEAR (heard.getSample (0, turn + i), static_cast<float> (i) / 2400.0f, 1e-3f) << i;
+}
+
+TEST (VoteFadeTest, LastsASampleEachWayBeforeTheSampleRateIsKnown)
+{
+    VoteFade fade;
+    juce::AudioSampleBuffer block (1, 4);
+    std::fill_n (block.getWritePointer (0), 4, 1.0f);
+    EXPECT_EQ (fade.apply (block), VoteFade::Event::silent);
+    EXPECT_EQ (block.getSample (0, 0), 1.0f);
+    EXPECT_EQ (block.getSample (0, 1), 0.0f);
+    std::fill_n (block.getWritePointer (0), 4, 1.0f);
+    EXPECT_EQ (fade.apply (block), VoteFade::Event::finished);
+    EXPECT_EQ (block.getSample (0, 0), 0.0f);
+    EXPECT_EQ (block.getSample (0, 1), 1.0f);
+}
+
+TEST (VoteStatisticsTest, PercentagesAreRoundedAndNeverExceedAHundred)
+{
+    struct Case
+    {
+        int forA, forB, percentA, percentB;
+    };
+
+    for (const auto& c :
+         { Case { 0, 0, 0, 0 }, { 3, 1, 75, 25 }, { 2, 2, 50, 50 }, { 1, 7, 13, 87 }, { 0, 5, 0, 100 } })
+    {
+        const VoteStatistics votes (c.forA + c.forB, c.forA, c.forB);
+        EXPECT_EQ (votes.percentA, c.percentA) << c.forA << ":" << c.forB;
+        EXPECT_EQ (votes.percentB, c.percentB) << c.forA << ":" << c.forB;
+    }
+}
+
+TEST (CoinTest, IsFairAndOtherInEveryRun)
+{
+    const auto coin = makeFairCoin(), other = makeFairCoin();
+    int heads = 0, changes = 0, equal = 0, last = 0;
+
+    for (int i = 0; i < 10000; ++i)
+    {
+        const auto toss = coin();
+        heads += toss;
+        changes += toss != last ? 1 : 0;
+        equal += toss == other() ? 1 : 0;
+        last = toss;
+    }
+
+    // Six standard deviations of a fair coin around 5000.
+    EXPECT_NEAR (heads, 5000, 300);
+    EXPECT_NEAR (changes, 5000, 300);
+    EXPECT_NEAR (equal, 5000, 300);
+}
+
+TEST (SavedNameTest, ComesBackAndIsShown)
+{
+    EngineRig rig;
+    rig.processor().instanceName = juce::String::fromUTF8 ("Müller's mix");
+    juce::XmlElement state ("STATE");
+    rig.processor().writeExtraState (state);
+
+    EngineRig other;
+    other.processor().readExtraState (state);
+    EXPECT_EQ (other.processor().instanceName, rig.processor().instanceName);
+    EXPECT_TRUE (other.processor().nameChanged);
+}

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "framework/Rig.h"
+
+using namespace duoJudge;
+
+TEST (ParamStoreTest, EveryPathClampsAndOnlyTheUndoableOneDropsWhatChangesNothing)
+{
+    for (const auto& [path, story] : { std::pair ("host", "0>1! 1>1 1>0! 0>nan! 4"),
+                                       { "direct", "0>1! 1>1 1>0! 0>nan! 9=1 9=1 9=0 9=nan 4" },
+                                       { "undoable", "0>1! 0>1 1>0! 1>0 9=1 9=0 2" } })
+    {
+        auto rig = std::make_unique<Rig>();
+        auto& record = rig->parameter (Resume);
+        juce::String found;
+
+        for (const auto value : { 1.5f, 1.0f, -2.0f, std::nanf ("") })
+        {
+            rig->clearChangedFlags();
+            *path == 'h'   ? rig->setParameter (Resume, value)
+            : *path == 'd' ? rig->setParamDirect (Resume, value, true)
+                           : rig->setParamUndoable (Resume, value, true);
+            found << record.previousValue << ">" << record.value << (record.changed ? "! " : " ");
+        }
+        EXPECT_EQ (found + rig->told + juce::String (rig->hooks), story) << path;
+    }
+}
+
+TEST (ParamStoreTest, IdsOutsideEveryGroupShareOneRecordThatNoHostReaches)
+{
+    auto rig = std::make_unique<Rig>();
+
+    for (const int param : { -1, 10, 5000, 9007, 9112, kNoParam, 10000 })
+    {
+        rig->setParameter (param, 1.0f);
+        EXPECT_TRUE (&rig->parameter (param) == &rig->parameter (kNoParam) && rig->hooks == 0) << param;
+    }
+}
+
+TEST (GestureTest, FollowersAreHeldUntilTheLastHandLetsGo)
+{
+    auto rig = std::make_unique<Rig>();
+    rig->setParamUndoable (Reveal, 1.0f, true);
+
+    for (const int held : { ToggleXY, Resume })
+    {
+        rig->parameter (held).editedByGui = true;
+        rig->beginGesture (held);
+        rig->setParamUndoable (held, 1.0f, true);
+    }
+    rig->setParamUndoable (ToggleAB, 0.0f, true);
+    rig->endGesture (ToggleXY);
+    rig->endGesture (Resume);
+    EXPECT_EQ (rig->told, "8=1 4< 3< 3=1 4=1 9< 9=1 3=0 4> 9> 3> ");
+}
+
+TEST (UndoTest, ADragIsOneStepAndAWriteTakesItsConsequenceAlong)
+{
+    auto rig = std::make_unique<Rig>();
+
+    for (const auto gain : { 0.6f, 0.7f, 0.8f })
+        rig->setParamUndoable (SendGain, gain, true);
+
+    EXPECT_EQ (rig->getNumActionsInCurrentTransaction(), 1);
+    rig->beginNewTransaction();
+
+    const std::tuple<int, float, const char*> steps[] {
+        { ToggleXY, 1.0f, "OnOn6.0dB" }, { Undo, 0.5f, "OnOn6.0dB" },   { Undo, 1.0f, "OffOff6.0dB" },
+        { Redo, 1.0f, "OnOn6.0dB" },     { Undo, 1.0f, "OffOff6.0dB" }, { Undo, 1.0f, "OffOff0.0dB" }
+    };
+
+    for (const auto& [param, value, texts] : steps)
+    {
+        rig->setParamUndoable (param, value, true);
+        EXPECT_EQ (rig->getParameterText (ToggleXY) + rig->getParameterText (ToggleAB) +
+                       rig->getParameterText (SendGain),
+                   texts);
+    }
+}

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/DuoJudgeProcessor.h"
+#include "platform/KnownFolders.h"
+
+#include <gtest/gtest.h>
+
+/** The product in a host that keeps what it is told, with no timer and with the manager of one folder, if one is there. */
+struct Rig : platform::ScopedCommonProgramFilesFolder,
+             DuoJudgeProcessor,
+             juce::AudioProcessorListener,
+             juce::AudioPlayHead
+{
+    explicit Rig (int numChannels = 2, const char* folder = "/nowhere") :
+        ScopedCommonProgramFilesFolder (juce::File (folder)), DuoJudgeProcessor (typeVst3)
+    {
+        stopTimer();
+        setPlayConfigDetails (numChannels, numChannels, 44100.0, 512);
+        prepareToPlay (44100.0, 512);
+        addListener (this);
+        setPlayHead (this);
+    }
+    void parameterChanged (int param) override { ++hooks, DuoJudgeProcessor::parameterChanged (param); }
+    bool updateFromParams() override { return DuoJudgeProcessor::updateFromParams() && updateSucceeds; }
+    void processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer&) override
+    {
+        heard << juce::String (blockStartSample) << "+" << block.getNumSamples() << " ";
+        DuoJudgeProcessor::processAudio (block, midi);
+    }
+    void audioProcessorParameterChanged (AudioProcessor*, int param, float v) override
+    {
+        told << param << "=" << v << " ";
+    }
+    void audioProcessorParameterChangeGestureBegin (AudioProcessor*, int param) override { told << param << "< "; }
+    void audioProcessorParameterChangeGestureEnd (AudioProcessor*, int param) override { told << param << "> "; }
+    void audioProcessorChanged (AudioProcessor*, const juce::AudioProcessorListener::ChangeDetails&) override {}
+    juce::Optional<PositionInfo> getPosition() const override { return position; }
+
+    juce::String told, heard;   // to the host; by the product, as "position+length "
+    juce::Optional<PositionInfo> position;
+    juce::MidiBuffer midi;
+    int hooks = 0;
+    bool updateSucceeds = true;
+};

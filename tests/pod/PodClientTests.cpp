@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "framework/Rig.h"
+
+#include <map>
+
+using namespace duoJudge;
+using namespace baylink;
+
+namespace
+{
+
+std::string calls;               // of the program to its manager, but for questions and reads
+std::map<PodId, PodInfo> pods;   // all that the manager knows; the first is always linked
+bool linksWork = true;
+
+template <typename... Numbers>
+bool note (const char* call, Numbers... numbers)
+{
+    calls += call;
+    ((calls += " " + std::to_string (numbers)), ...);
+    calls += ";";
+    return linksWork;
+}
+
+struct Manager final : IPodManager
+{
+    void disconnect (PodId id) override { note ("disconnect", id); }
+    int getPodIds (PodId* ids) override
+    {
+        return [&]
+        {
+            for (auto& pod : pods)
+                *ids++ = pod.first;
+        }(),
+               int (pods.size());
+    }
+    PodInfo getPodInfo (PodId id) override { return pods[id]; }
+    void restorePod (IPod*, PodId unique, const char* name, int count, int linked, const PodId* ids) override
+    {
+        note (name, unique, count, linked, linked > 0 ? ids[linked - 1] : kNoPod);
+    }
+    bool link (PodId ownId, PodId podId) override { return note ("link", ownId, podId); }
+    void unlink (PodId ownId, PodId podId) override { note ("unlink", ownId, podId); }
+    int getLinkedPods (PodId* ids, PodId) override { return *ids = pods.begin()->first, 1; }
+    void setChannels (PodId id, int numChannels) override { note ("channels", id, numChannels); }
+    void setBlockSize (PodId id, int blockSize) override { note ("block", id, blockSize); }
+    bool openStream (PodId, int) override { return false; }
+    void writeAudio (PodId, const float* const*, int) override {}
+    void writeAudioAt (PodId, const float* const*, int, std::int64_t) override {}
+    void setPodName (PodId, const char*) override {}
+    void readAudio (PodId, float* const* out, int count, PodId) override { std::fill_n (*out, count, 0.25f); }
+    void readAudioAt (PodId, float* const* out, int count, PodId, std::int64_t) override
+    {
+        readAudio (0, out, count, 0);
+    }
+    void reserved16() override {}
+    void setPodGain (PodId podId, float gain) override { note ("gain", podId, pods[podId].gain = gain); }
+} manager;
+
+void answer (IPod* pod, int numChannels)
+{
+    note ("connect", numChannels);
+    pod->manager = numChannels > 0 ? &manager : nullptr;
+    pod->id = numChannels > 0 ? 7 : kNoPod;
+}
+
+struct BarePod : IPod, juce::Logger
+{
+    explicit BarePod (const juce::String& folder) : redirect (juce::File (folder))
+    {
+        const auto library = platform::loadLibrary (folder + "/ORVEX Audio/ORVEX BayLinkLib 64bit.dll");
+
+        if (auto* const hook = platform::findExport (library, "answer"))
+            *static_cast<void (**) (IPod*, int)> (hook) = answer;
+
+        setCurrentLogger (this);
+        calls.clear(), pods.clear();
+    }
+    ~BarePod() override { setCurrentLogger (nullptr); }
+    void logMessage (const juce::String& line) override { outputDebugString ("log " + line); }
+    std::int32_t getTypeKey() override { return 1; }
+    int getPodKind() override { return 1; }
+    void onPodLinked (PodId, PodId) override {}
+
+    platform::ScopedCommonProgramFilesFolder redirect;
+};
+
+TEST (PodClientTest, SaysWhyItIsNotConnected)
+{
+    const auto* const unloadable = "log ERROR: failed to verify library load\nlog ERROR: failed to load library\n";
+    const std::tuple<const char*, int, const char*, const char*> rows[] {
+        { "missing", 2, unloadable, "" },
+        { "broken", 2, unloadable, "" },
+        { "whole", 10, "", "connect 0;connect 10;" },
+        { "whole", 11, "log ERROR: invalid number of channels\nlog ERROR: failed to connect to library\n",
+          "connect 0;" },
+        { "closed", 2, "log ERROR: invalid connect call\nlog ERROR: failed to connect to library\n", "connect 0;" },
+        { "old", 11,
+          "WARNING: invalid version check call\nWARNING: New pod interface with old pod manager, or no pod manager "
+          "available\nUPDATE: Attempting to connect with 8 channels\n",
+          "connect 8;" }
+    };
+
+    for (const auto& [folder, numChannels, said, called] : rows)
+    {
+        BarePod pod (DUO_FAKE_MANAGERS + juce::String (folder));
+        testing::internal::CaptureStderr();
+        pod.connect (numChannels);
+        EXPECT_EQ (testing::internal::GetCapturedStderr() + calls, std::string (said) + called) << folder;
+    }
+}
+
+/** The product beside a manager that holds pods 1 and 2 and the product's own; nothing is linked before the first tick. */
+struct PodClient : testing::Test
+{
+    PodClient()
+    {
+        EXPECT_EQ (take(), "connect 0;connect 2;channels 7 2;block 7 512;");
+        addPod (1, "Mix").gain = 0.75f;
+        addPod (2, "Reference");
+        addPod (7, "DuoJudge").typeKey = kDuoJudgeTypeKey;
+    }
+    static PodInfo& addPod (int podId, const std::string& name)
+    {
+        auto& info = pods[podId] = { 1, 0, kSenderTypeKey, 2 };
+        name.copy (info.name, sizeof (info.name));
+        return info;
+    }
+    static std::string take() { return std::exchange (calls, ""); }
+
+    BarePod folder { DUO_FAKE_MANAGERS "whole" };
+    std::unique_ptr<Rig> rig = std::make_unique<Rig> (2, DUO_FAKE_MANAGERS "whole");
+};
+
+TEST_F (PodClient, ListsTheValidPodsOfItsTypeKeyOnly)
+{
+    addPod (3, "Gone").valid = 0;
+    addPod (4, std::string (131, 'x'));
+    addPod (5, "");
+    rig->timerTick();
+    EXPECT_EQ (rig->podNames.joinIntoString ("|"),
+               "Not Connected|Mix|Reference|" + juce::String (std::string (131, 'x')) + "|");
+    EXPECT_EQ (rig->podIds, (juce::Array<int> { -1, 1, 2, 4, 5 }));
+
+    for (int podId = 100; pods.size() < kMaxPods; ++podId)
+        addPod (podId, std::string (132, 'y'));
+
+    rig->timerTick();
+    EXPECT_TRUE (rig->podNames.size() == kMaxPods - 1 && rig->podNames[5].length() == 132);
+}
+
+TEST_F (PodClient, UnlinksBeforeItLinksAndLeavesEachPodItsGain)
+{
+    rig->timerTick();
+    rig->setParamUndoable (SendGain, 0.25f, true);
+    rig->connectToPod (1);
+    rig->onPodLinked (8, 2);
+    EXPECT_EQ (take(), "link 7 1;gain 1 0.750000;gain 1 0.250000;");
+    rig->onPodLinked (7, 2);
+    rig->connectToPod (-1);
+    rig->setParamUndoable (SendGain, 0.1f, true);
+    EXPECT_EQ (take(), "unlink 7 1;link 7 2;gain 2 0.500000;unlink 7 2;");
+    linksWork = false;
+    rig->timerTick();
+    linksWork = true;
+    rig->timerTick();
+    rig.reset();
+    EXPECT_EQ (take(), "link 7 1;link 7 1;gain 1 0.250000;disconnect 7;");
+}
+
+TEST_F (PodClient, EndsTheTestWhenItsPodLeaves)
+{
+    rig->timerTick();
+
+    for (const auto& [param, value] : { std::pair (ToggleAB, 1.0f), { Choose, 1.0f }, { Choose, 0.0f } })
+        rig->setParamDirect (param, value, false);
+
+    rig->onPodRemoved (2);
+    EXPECT_TRUE (rig->getVoteStatistics().votesForB == 1 && rig->told.isEmpty());
+    rig->onPodRemoved (1);
+    EXPECT_EQ (rig->told, "3=0 7=1 7=0 ");
+    EXPECT_TRUE (rig->getVoteStatistics().votes == 0 && rig->getSelectedPodId() == kNoPod);
+}
+
+TEST_F (PodClient, LetsTheOwnSignalOutAtOnceWhenThePodTurnsInvalid)
+{
+    pods[1].gain = 0.5f;
+    rig->timerCallback();
+    rig->setParameter (ToggleAB, 1.0f);
+
+    for (int i = 0; i < 14; ++i)
+    {
+        juce::AudioSampleBuffer block (2, 512);
+        std::fill_n (block.getWritePointer (0), 512, 0.5f);
+        pods[1].valid = i != 12;
+        rig->processBlock (block, rig->midi);
+        EXPECT_TRUE (i < 11 || block.getMagnitude (0, 0, 512) == (i == 12 ? 0.5f : 0.25f)) << i;
+    }
+}
+
+TEST_F (PodClient, CarriesItsLinksThroughASavedState)
+{
+    juce::XmlElement saved ("S");
+    rig->writeExtraState (saved);
+    EXPECT_EQ (
+        saved.toString (juce::XmlElement::TextFormat().singleLine().withoutHeader()),
+        "<S PODNAME=\"DuoJudge\" UNIQUEID=\"7\" NUMOFCONNECTIONS=\"3\" NUMOFLINKEDCONNECTIONS=\"1\" LINKEDID0=\"1\""
+        " A_SELECT_NAME=\"\"/>");
+
+    for (const auto& [count, uniqueId] : { std::pair (1, 7), { 2000000000, 7 }, { -5, 7 }, { 1, -1 } })
+    {
+        saved.setAttribute ("NUMOFLINKEDCONNECTIONS", count);
+        saved.setAttribute ("UNIQUEID", uniqueId);
+        rig->readExtraState (saved);
+    }
+    EXPECT_EQ (take(), "DuoJudge 7 3 1 1;DuoJudge 7 3 4096 0;DuoJudge 7 3 0 -1;");
+}
+
+}   // namespace
