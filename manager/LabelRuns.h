@@ -10,10 +10,10 @@ namespace baylink
 
 /** Where timeline positions were laid in a stream: a short table that one thread writes and any number read.
 
-    A *place* counts samples of the stream from its beginning, a *label* is the timeline position that a block came with.
+    A *place* counts samples of the stream from its beginning, a *label* is the timeline position of a block.
     Blocks whose labels follow on make one run. Only the starts of blocks bear witness: the host may have jumped inside
-    the last block of a run, and one that stands still repeats its label, so what lies inside that block is a guess until
-    the next block goes on from it.
+    the last block of a run, and one that stands still repeats its label, so what lies inside that block is a guess
+    until the next block goes on from it.
 
     Every query takes the length of the stream that the caller saw, and answers as if nothing was laid since. */
 class LabelRuns

@@ -60,7 +60,7 @@ public:
     /** Begins anew, with another pod or another stream of the same. */
     void reset() noexcept;
 
-    /** Takes the next block. @returns where the samples lie that belong to it, `kMatchedLatency` before its own place. */
+    /** Takes the next block. @returns where the samples lie that belong to it, `kMatchedLatency` before its place. */
     Plan match (const Block& block, const Pod& pod) noexcept;
 
 private:
@@ -72,7 +72,7 @@ private:
         std::int64_t start = 0, end = 0, offset = 0;
     };
 
-    /** A block with where it was taken to lie; pending while the pod cannot tell yet whether it bears the label there. */
+    /** A block with where it was taken to lie; pending until the pod can tell whether it bears the label there. */
     struct Probe
     {
         std::int64_t asked = 0, place = 0, label = 0, lead = 0;

@@ -28,9 +28,9 @@ public:
 
     explicit HostRig (const Setup& hostSetup);
 
-    /** Follows a script of words and numbers of samples: `play FROM FOR`, `loop FROM LENGTH FOR`, `stand AT FOR`, `plain
-        FOR` (no positions), `stop FOR` (the sender writes plainly, the listener repeats its last position); `sender`,
-        `listener` and `reads` turn processing off or on; `replace` loads the sender anew. */
+    /** Follows a script of words and numbers of samples: `play FROM FOR`, `loop FROM LENGTH FOR`, `stand AT FOR`,
+        `plain FOR` (no positions), `stop FOR` (the sender writes plainly, the listener repeats its last position);
+        `sender`, `listener` and `reads` turn processing off (0) or on (1); `replace` loads the sender anew. */
     void run (const std::string& script);
 
     int compared = 0, wrong = 0;
