@@ -15,6 +15,9 @@ buildPackages+=(libasound2-dev 'libcurl4-gnutls-dev|libcurl4-openssl-dev|libcurl
     libgl-dev libjpeg-dev libogg-dev libpng-dev libvorbis-dev libx11-dev libxcursor-dev libxext-dev libxinerama-dev
     libxrandr-dev zlib1g-dev)
 
+# The desk brings both recordings to one sample rate.
+buildPackages+=(libsoxr-dev)
+
 # The build is one tree: tests and benchmarks are configured with it.
 buildPackages+=(libgtest-dev libbenchmark-dev python3)
 

@@ -3,6 +3,7 @@
 #include "DeskWindow.h"
 #include "OfflineRender.h"
 
+#include "platform/Console.h"
 #include "platform/KnownFolders.h"
 
 #include <iostream>
@@ -100,7 +101,7 @@ int renderToFile (const DeskOptions& options)
     if (! scripted)
         std::cout << "No script is given; this one is followed:\n" << script.toString();
 
-    ProgressLine progress (std::cout, ProgressLine::isOutputTerminal());
+    ProgressLine progress (std::cout, platform::isStandardOutputATerminal());
     const auto written = OfflineRender (graph, script, progress).writeTo (options.output);
     return written.wasOk() ? 0 : refuse (written.getErrorMessage());
 }

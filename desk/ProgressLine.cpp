@@ -47,10 +47,4 @@ void ProgressLine::show()
     out << "rendering " << percent << " %";
 }
 
-bool ProgressLine::isOutputTerminal()
-{
-    const auto target = juce::File ("/proc/self/fd/1").getLinkedTarget().getFullPathName();
-    return target.startsWith ("/dev/pts/") || target.startsWith ("/dev/tty");
-}
-
 }   // namespace desk

@@ -22,9 +22,6 @@ public:
     /** @param fraction 0 to 1, never less than before; at 1 the line is done */
     void update (double fraction);
 
-    /** @returns whether this program's standard output is a terminal. */
-    static bool isOutputTerminal();
-
 private:
     void show();
 

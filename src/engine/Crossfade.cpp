@@ -2,6 +2,7 @@
 #include "engine/Crossfade.h"
 
 #include "engine/ChannelRule.h"
+#include "platform/Vectorised.h"
 
 bool Crossfade::step (juce::AudioSampleBuffer& outgoing, const juce::AudioSampleBuffer& incoming) noexcept
 {
@@ -25,11 +26,23 @@ bool Crossfade::step (juce::AudioSampleBuffer& outgoing, const juce::AudioSample
     const auto endGain = std::max (0.0f, static_cast<float> (fadeRemaining) / static_cast<float> (fadeLength));
     const auto increment = (endGain - fadeGain) / static_cast<float> (length);
 
-    // What follows the ramp within the block lies after the fade.
-    for (int channel = 0; channel < outgoing.getNumChannels(); ++channel)
-        scale (outgoing.getWritePointer (channel), { fadeGain, increment, 0.0f, length }, numSamples);
+    const auto numChannels = outgoing.getNumChannels();
 
-    addIncoming (outgoing, incoming, { 1.0f - fadeGain, -increment, 1.0f, length });
+    // What follows the ramp within the block lies after the fade.
+    if (numChannels == incoming.getNumChannels() && numChannels <= 2)
+    {
+        for (int channel = 0; channel < numChannels; ++channel)
+            mix (outgoing.getWritePointer (channel), incoming.getReadPointer (channel),
+                 { fadeGain, increment, 0.0f, length }, numSamples);
+    }
+    else
+    {
+        for (int channel = 0; channel < numChannels; ++channel)
+            scale (outgoing.getWritePointer (channel), { fadeGain, increment, 0.0f, length }, numSamples);
+
+        addIncoming (outgoing, incoming, { 1.0f - fadeGain, -increment, 1.0f, length });
+    }
+
     fadeGain = endGain;
 
     if (fadeRemaining > 0)
@@ -55,6 +68,18 @@ void Crossfade::addIncoming (juce::AudioSampleBuffer& outgoing, const juce::Audi
              numSamples);
 }
 
+/** The same signal on both sides passes unchanged, to the bit. */
+DUO_VECTORISED
+void Crossfade::mix (float* outgoing, const float* incoming, Ramp ramp, int numSamples) noexcept
+{
+    for (int i = 0; i < ramp.length; ++i)
+        outgoing[i] =
+            incoming[i] + (outgoing[i] - incoming[i]) * (ramp.start + static_cast<float> (i) * ramp.increment);
+
+    std::copy (incoming + ramp.length, incoming + numSamples, outgoing + ramp.length);
+}
+
+DUO_VECTORISED
 void Crossfade::scale (float* samples, Ramp ramp, int numSamples) noexcept
 {
     for (int i = 0; i < ramp.length; ++i)
@@ -64,6 +89,7 @@ void Crossfade::scale (float* samples, Ramp ramp, int numSamples) noexcept
         samples[i] *= ramp.end;
 }
 
+DUO_VECTORISED
 void Crossfade::add (float* destination, const float* source, Ramp ramp, float gain, int numSamples) noexcept
 {
     for (int i = 0; i < ramp.length; ++i)

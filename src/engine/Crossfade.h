@@ -24,6 +24,7 @@ private:
         int length;
     };
 
+    static void mix (float* outgoing, const float* incoming, Ramp ramp, int numSamples) noexcept;
     static void scale (float* samples, Ramp ramp, int numSamples) noexcept;
     static void add (float* destination, const float* source, Ramp ramp, float gain, int numSamples) noexcept;
     static void addIncoming (juce::AudioSampleBuffer& outgoing, const juce::AudioSampleBuffer& incoming,

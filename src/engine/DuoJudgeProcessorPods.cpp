@@ -53,7 +53,9 @@ void DuoJudgeProcessor::onPodRemoved (baylink::PodId podId)
         return;
 
     selectedPodId = baylink::kNoPod;
-    setParamUndoable (ToggleAB, 0.0f, true);
-    setParamUndoable (EndTest, 1.0f, true);
-    setParamUndoable (EndTest, 0.0f, true);
+
+    // No lock, whatever the manager's thread holds; and a pod that leaves is nothing that a user could undo.
+    setParamDirect (ToggleAB, 0.0f, true);
+    setParamDirect (EndTest, 1.0f, true);
+    setParamDirect (EndTest, 0.0f, true);
 }

@@ -1,6 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/VoteFade.h"
 
+#include "platform/Vectorised.h"
+
+namespace
+{
+
+DUO_VECTORISED
+void multiply (float* samples, const float* gains, int numSamples)
+{
+    for (int i = 0; i < numSamples; ++i)
+        samples[i] *= gains[i];
+}
+
+}   // namespace
+
 void VoteFade::setSampleRate (int hertz)
 {
     // 1 to 0 in 50 ms; an infinite step before a rate is known.
@@ -33,7 +47,7 @@ VoteFade::Event VoteFade::apply (juce::AudioSampleBuffer& block) noexcept
     for (int channel = 0; channel < block.getNumChannels(); ++channel)
     {
         auto* const samples = block.getWritePointer (channel);
-        juce::FloatVectorOperations::multiply (samples, ramp.data() + position, inRamp);
+        multiply (samples, ramp.data() + position, inRamp);
 
         if (! isRising)
             juce::FloatVectorOperations::multiply (samples + inRamp, 0.0f, numSamples - inRamp);

@@ -59,7 +59,7 @@ private:
         const auto untilEnd = std::min (numSamples, ringSize() - start);
         std::copy_n (input, untilEnd, buffer.get() + start);
         std::copy_n (input + untilEnd, numSamples - untilEnd, buffer.get());
-        position = (start + numSamples - 1) % ringSize();
+        position = numSamples > untilEnd ? numSamples - untilEnd - 1 : start + numSamples - 1;
     }
 
     void fetch (Sample* output, int numSamples) const noexcept

@@ -1,38 +1,45 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "metering/OxJuceObserverRmsMeter.h"
 
-#include <array>
+#include "platform/Vectorised.h"
 
 namespace
 {
 
-/** Sums the squares of `sampleAt (0)` to `sampleAt (numSamples - 1)` in lanes that do not wait for each other. */
+/** Sums the squares of `sampleAt (0)` to `sampleAt (numSamples - 1)` in lanes that do not wait for each other; the caller
+    compiles it for its processor. */
 template <typename SampleAt>
-float sumSquares (int numSamples, SampleAt&& sampleAt)
+[[gnu::always_inline]] inline float sumInLanes (int numSamples, SampleAt sampleAt)
 {
     constexpr int numLanes = 16;
-    std::array<float, numLanes> lanes {};
+    float lanes[numLanes] {};
     int i = 0;
 
     for (; i + numLanes <= numSamples; i += numLanes)
         for (int lane = 0; lane < numLanes; ++lane)
-        {
-            const float sample = sampleAt (i + lane);
-            lanes[static_cast<std::size_t> (lane)] += sample * sample;
-        }
+            lanes[lane] += sampleAt (i + lane) * sampleAt (i + lane);
 
-    float sum = 0.0f;
-
-    for (const auto lane : lanes)
-        sum += lane;
+    for (int width = numLanes / 2; width > 0; width /= 2)
+        for (int lane = 0; lane < width; ++lane)
+            lanes[lane] += lanes[lane + width];
 
     for (; i < numSamples; ++i)
-    {
-        const float sample = sampleAt (i);
-        sum += sample * sample;
-    }
+        lanes[0] += sampleAt (i) * sampleAt (i);
 
-    return sum;
+    return lanes[0];
+}
+
+DUO_VECTORISED
+float sumSquares (const float* samples, int numSamples)
+{
+    return sumInLanes (numSamples, [=] (int i) { return samples[i]; });
+}
+
+/** Of `first` plus `share` times `second`. */
+DUO_VECTORISED
+float sumSquares (const float* first, const float* second, float share, int numSamples)
+{
+    return sumInLanes (numSamples, [=] (int i) { return first[i] + share * second[i]; });
 }
 
 }   // namespace
@@ -61,14 +68,8 @@ void OxJuceObserverRmsMeter::process (const juce::AudioSampleBuffer& block)
     for (int done = 0; done < block.getNumSamples();)
     {
         const auto run = std::min (block.getNumSamples() - done, windowLength - samplesInWindow);
-        const auto *a = first + done, *b = isPair ? second + done : nullptr;
-
-        if (signal == mid)
-            sumOfSquares += sumSquares (run, [a, b] (int i) { return a[i] + b[i]; });
-        else if (signal == side)
-            sumOfSquares += sumSquares (run, [a, b] (int i) { return a[i] - b[i]; });
-        else
-            sumOfSquares += sumSquares (run, [a] (int i) { return a[i]; });
+        sumOfSquares += isPair ? sumSquares (first + done, second + done, signal == mid ? 1.0f : -1.0f, run)
+                               : sumSquares (first + done, run);
 
         samplesInWindow += run;
         done += run;

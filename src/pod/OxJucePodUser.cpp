@@ -22,7 +22,7 @@ void OxJucePodUser::refreshPodList (std::int32_t typeKey)
 
     const juce::ScopedLock lock (podLock);
     PodIdList ids;
-    const auto count = manager->getPodIds (ids.data());
+    const auto count = std::min (manager->getPodIds (ids.data()), baylink::kMaxPods);
 
     podNames.clearQuick();
     podIds.clearQuick();
@@ -50,7 +50,7 @@ void OxJucePodUser::writePodState (juce::XmlElement& xml)
     const auto info = manager->getPodInfo (id);
     PodIdList ids;
     const auto numConnections = manager->getPodIds (ids.data());
-    const auto numLinked = manager->getLinkedPods (ids.data(), id);
+    const auto numLinked = std::min (manager->getLinkedPods (ids.data(), id), baylink::kMaxPods);
 
     xml.setAttribute ("PODNAME",
                       juce::String::fromUTF8 (info.name, static_cast<int> (strnlen (info.name, sizeof (info.name)))));

@@ -28,6 +28,7 @@ juce::File DeskRig::write (const juce::String& name, const juce::AudioSampleBuff
     const auto target = file (name);
     auto* const format = formats.findFormatForFileExtension (target.getFileExtension());
     const auto bits = target.hasFileExtension ("wav") ? 32 : 16;
+    target.deleteFile();   // a stream would append
     auto stream = std::make_unique<juce::FileOutputStream> (target);
     const std::unique_ptr<juce::AudioFormatWriter> writer (
         format->createWriterFor (stream.release(), rate, static_cast<unsigned> (audio.getNumChannels()), bits, {}, 5));
@@ -58,19 +59,15 @@ juce::AudioSampleBuffer DeskRig::render (const juce::File& a, const juce::File& 
 juce::String DeskRig::identify (const juce::AudioSampleBuffer& audio, const juce::AudioSampleBuffer& a,
                                 const juce::AudioSampleBuffer& b, int from, int to)
 {
-    juce::StringArray answers;
-
-    for (int channel = 0; channel < audio.getNumChannels(); ++channel)
+    const auto findFault = [&] (const juce::AudioSampleBuffer& source)
     {
-        const auto* const samples = audio.getReadPointer (channel);
-        const auto firstOff = [&] (const juce::AudioSampleBuffer& source)
-        {
-            const auto* const expected = source.getReadPointer (std::min (channel, source.getNumChannels() - 1));
-            return static_cast<int> (std::mismatch (samples + from, samples + to, expected + from).first - samples);
-        };
-        const auto offA = firstOff (a), offB = firstOff (b);
-        answers.add (offA == to ? "A" : offB == to ? "B" : juce::String (std::max (offA, offB)));
-    }
+        for (int i = from; i < to; ++i)
+            for (int channel = 0; channel < audio.getNumChannels(); ++channel)
+                if (audio.getSample (channel, i) != source.getSample (channel % source.getNumChannels(), i))
+                    return i;
 
-    return answers.joinIntoString (",");
+        return to;
+    };
+    const auto offA = findFault (a), offB = findFault (b);
+    return offA == to ? "A" : offB == to ? "B" : juce::String (std::max (offA, offB));
 }

@@ -28,8 +28,8 @@ public:
     /** Renders two files by a script, and fails the test if it cannot. @returns the rendered file as it is read back */
     juce::AudioSampleBuffer render (const juce::File& a, const juce::File& b, const juce::String& scriptText);
 
-    /** The channels of `audio`, joined by commas: "A" where it equals `a` bit for bit in [from, to), "B" for `b`, else the
-        place of the first sample that equals neither. */
+    /** "A" where `audio` equals `a` bit for bit in [from, to), "B" for `b`, else the place of the first sample that equals
+        neither. A mono source stands for both channels. */
     static juce::String identify (const juce::AudioSampleBuffer& audio, const juce::AudioSampleBuffer& a,
                                   const juce::AudioSampleBuffer& b, int from, int to);
 

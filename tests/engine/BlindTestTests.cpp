@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/EngineRig.h"
 
+#include <thread>
+
 #include <gtest/gtest.h>
 
 using namespace duoJudge;
@@ -74,20 +76,6 @@ TEST (VoteFadeTest, DrawOfTheSameSourceBringsItBackWithoutACrossfade)
         ASSERT_NEAR (heard.getSample (0, turn + i), static_cast<float> (i) / 2400.0f, 1e-3f) << i;
 }
 
-TEST (VoteFadeTest, LastsASampleEachWayBeforeTheSampleRateIsKnown)
-{
-    VoteFade fade;
-    juce::AudioSampleBuffer block (1, 4);
-    std::fill_n (block.getWritePointer (0), 4, 1.0f);
-    EXPECT_EQ (fade.apply (block), VoteFade::Event::silent);
-    EXPECT_EQ (block.getSample (0, 0), 1.0f);
-    EXPECT_EQ (block.getSample (0, 1), 0.0f);
-    std::fill_n (block.getWritePointer (0), 4, 1.0f);
-    EXPECT_EQ (fade.apply (block), VoteFade::Event::finished);
-    EXPECT_EQ (block.getSample (0, 0), 0.0f);
-    EXPECT_EQ (block.getSample (0, 1), 1.0f);
-}
-
 TEST (VoteStatisticsTest, PercentagesAreRoundedAndNeverExceedAHundred)
 {
     struct Case
@@ -135,4 +123,40 @@ TEST (SavedNameTest, ComesBackAndIsShown)
     other.processor().readExtraState (state);
     EXPECT_EQ (other.processor().instanceName, rig.processor().instanceName);
     EXPECT_TRUE (other.processor().nameChanged);
+}
+
+TEST (ThreadsTest, AudioRunsWhileTheUserClicksAndPodsComeAndGo)
+{
+    EngineRig rig;
+    rig.processor().setCoin (makeFairCoin());
+    std::atomic<bool> stop { false };
+    std::thread audio (
+        [&]
+        {
+            juce::AudioSampleBuffer block (2, 64);
+            juce::MidiBuffer midi;
+            block.clear();
+
+            for (; ! stop; rig.processor().getMeter (1).getInstantLevelDb())
+                rig.processor().processBlock (block, midi);
+        });
+
+    for (int i = 0; i < 200; ++i)
+    {
+        if (i % 20 == 0)
+            rig.addPod();
+        else if (i % 20 == 15)
+            rig.removePod();
+
+        rig.set (ToggleXY, static_cast<float> (i & 1)).click (Choose).set (SendGain, static_cast<float> (i % 7) / 7.0f);
+        rig.set (i % 3 == 0 ? Undo : Redo, 1.0f);
+        rig.processor().timerCallback();
+    }
+
+    stop = true;
+    audio.join();
+    EXPECT_EQ (rig.processor().getSelectedPodId(), baylink::kNoPod);
+    const auto votes = rig.processor().getVoteStatistics();
+    EXPECT_GT (votes.votes, 0);
+    EXPECT_EQ (votes.votesForA + votes.votesForB, votes.votes);
 }

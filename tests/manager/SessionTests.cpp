@@ -1,145 +1,83 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "PodManager.h"
 #include "TestPod.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <atomic>
-#include <memory>
-#include <thread>
 
 using namespace baylink;
 
-namespace
-{
-
-constexpr PodId kSavedSender = 123456, kSavedListener = 654321;
-
-/** A process into which a host brings a saved session of one sender and its listener. */
 struct SessionTest : testing::Test
 {
+    static constexpr PodId kSaved = 123456;
+
     PodManager manager;
-    TestSender sender, other;
-    TestListener listener;
-
-    void connectSender() { manager.connect (&sender, 2); }
-    void restoreSender() { manager.restorePod (&sender, kSavedSender, "Bass", 2, 0, nullptr); }
-    void connectListener() { manager.connect (&listener, 2); }
-    void restoreListener() { manager.restorePod (&listener, kSavedListener, "", 2, 1, &kSavedSender); }
-
-    /** As the product does on its timer while it holds no link. */
-    void tick()
-    {
-        if (listener.selected == kNoPod)
-            listener.choose (other.id);
-    }
+    TestPod other { &manager }, listener { &manager };
 };
-
-}   // namespace
 
 TEST_F (SessionTest, FindsItsLinkWhateverTheOrderOfLoading)
 {
-    std::vector<int> steps { 0, 1, 2, 3 };   // 0 before 1 and 2 before 3
-
-    do
+    // Connecting and restoring; the sender in capitals.
+    for (const std::string order : { "CRcr", "CcRr", "CcrR", "cCRr", "cCrR", "crCR" })
     {
-        const auto at = [&] (int step) { return std::find (steps.begin(), steps.end(), step); };
+        TestPod sender, follower;
 
-        if (at (0) > at (1) || at (2) > at (3))
-            continue;
-
-        PodManager process;
-        TestSender loadedSender;
-        TestListener loadedListener;
-
-        for (const auto step : steps)
-            if (step == 0)
-                process.connect (&loadedSender, 2);
-            else if (step == 1)
-                process.restorePod (&loadedSender, kSavedSender, "Bass", 2, 0, nullptr);
-            else if (step == 2)
-                process.connect (&loadedListener, 2);
+        for (const auto step : order)
+            if (step == 'C' || step == 'c')
+                manager.connect (step == 'C' ? &sender : &follower, 2);
+            else if (step == 'R')
+                manager.restorePod (&sender, kSaved, "Bass", 2, 0, nullptr);
             else
-                process.restorePod (&loadedListener, kSavedListener, "", 2, 1, &kSavedSender);
+                manager.restorePod (&follower, 1, "", 2, 1, &kSaved);
 
-        EXPECT_TRUE (loadedListener.isLinkedTo (loadedSender)) << testing::PrintToString (steps);
-        EXPECT_EQ (loadedListener.offers, 1);
-        EXPECT_STREQ (process.getPodInfo (loadedSender.id).name, "Bass");
-    } while (std::next_permutation (steps.begin(), steps.end()));
+        EXPECT_TRUE (follower.isLinkedTo (sender) && follower.offers == 1) << order;
+        EXPECT_STREQ (manager.getPodInfo (sender.id).name, "Bass");
+    }
 }
 
 TEST_F (SessionTest, TakesTheLivingPodOfASavedIdBeforeACopyThatWasRestoredUnderIt)
 {
-    connectSender();
-    connectListener();
-    manager.connect (&other, 2);
-    manager.restorePod (&other, sender.id, "Copy", 0, 0, nullptr);
-    manager.restorePod (&listener, kSavedListener, "", 1, 1, &sender.id);
-    EXPECT_TRUE (listener.isLinkedTo (sender));
-}
-
-TEST_F (SessionTest, OffersTheSavedPodOverAStopgapButNotTheStopgapAgain)
-{
-    connectListener();
-    manager.connect (&other, 2);
-    restoreListener();
-    tick();
+    TestPod copy { &manager };
+    manager.restorePod (&copy, other.id, "Copy", 0, 0, nullptr);
+    manager.restorePod (&listener, 1, "", 1, 1, &other.id);
     EXPECT_TRUE (listener.isLinkedTo (other));
-    const auto stopgap = other.id;
-    other.leave();
-    connectSender();
-    restoreSender();
-    EXPECT_TRUE (listener.isLinkedTo (sender));
-    TestSender otherAgain;
-    manager.connect (&otherAgain, 2);
-    manager.restorePod (&otherAgain, stopgap, "", 0, 0, nullptr);
-    EXPECT_TRUE (listener.isLinkedTo (sender));
 }
 
-TEST_F (SessionTest, LeavesTheUsersChoiceAlone)
+TEST_F (SessionTest, OffersTheSavedPodOverAStopgapButNotOverTheUsersChoiceNorTheStopgapAgain)
 {
-    TestSender chosen;
-    connectListener();
-    manager.connect (&other, 2);
-    manager.connect (&chosen, 2);
-    restoreListener();
-    tick();
-    listener.choose (chosen.id);
-    connectSender();
-    restoreSender();
-    EXPECT_TRUE (listener.isLinkedTo (chosen));
+    for (const auto userChooses : { false, true })
+    {
+        TestPod stopgap { &manager }, stopgapAgain { &manager }, follower { &manager }, saved;
+        manager.restorePod (&follower, 1, "", 2, 1, &kSaved);
+        follower.choose (stopgap.id);
+        follower.choose (userChooses ? other.id : stopgap.id);
+        stopgap.leave();
+        manager.connect (&saved, 2);
+        manager.restorePod (&saved, kSaved, "", 2, 0, nullptr);
+        manager.restorePod (&stopgapAgain, stopgap.id, "", 0, 0, nullptr);
+        EXPECT_TRUE (follower.isLinkedTo (userChooses ? other : saved)) << userChooses;
+    }
 }
 
 TEST_F (SessionTest, FollowsASenderThatIsLoadedAnew)
 {
     for (const auto newComesFirst : { false, true })
     {
-        auto old = std::make_unique<TestSender>();
-        TestSender anew;
-        TestListener follower;
-        manager.connect (old.get(), 2);
-        manager.connect (&follower, 2);
-        follower.choose (old->id);
-        const auto oldId = old->id;
+        TestPod old { &manager }, follower { &manager }, anew;
+        follower.choose (old.id);
 
         if (! newComesFirst)
-            old.reset();
+            old.leave();
 
         manager.connect (&anew, 2);
-        manager.restorePod (&anew, oldId, "", 0, 0, nullptr);
-        old.reset();
-        EXPECT_TRUE (follower.isLinkedTo (anew)) << newComesFirst;
-        EXPECT_EQ (follower.removals, 1);
+        manager.restorePod (&anew, old.id, "", 0, 0, nullptr);
+        old.leave();
+        EXPECT_TRUE (follower.isLinkedTo (anew) && follower.removals == 1) << newComesFirst;
     }
 }
 
 TEST_F (SessionTest, CallsNoPodOnceItHasLeft)
 {
-    connectSender();
-    connectListener();
-    listener.choose (sender.id);
-    std::atomic<bool> inCall { false }, leaving { false }, callEnded { false }, leftDuringCall { false };
+    listener.choose (other.id);
+    std::atomic<bool> inCall { false }, leaving { false }, callEnded { false };
     listener.whenRemoved = [&]
     {
         inCall = true;
@@ -151,31 +89,21 @@ TEST_F (SessionTest, CallsNoPodOnceItHasLeft)
         callEnded = true;
     };
 
-    std::thread removing ([this] { manager.disconnect (sender.id); });
+    std::thread removing ([this] { manager.disconnect (other.id); });
 
     while (! inCall)
         std::this_thread::yield();
 
     leaving = true;
     manager.disconnect (listener.id);
-    leftDuringCall = ! callEnded;
+    EXPECT_TRUE (callEnded);
     removing.join();
-    EXPECT_FALSE (leftDuringCall);
 }
 
-TEST_F (SessionTest, LetsACalledPodComeBackToTheManager)
+TEST_F (SessionTest, LetsACalledPodLeave)
 {
-    connectSender();
-    connectListener();
-    manager.connect (&other, 2);
-    listener.choose (sender.id);
-    listener.whenRemoved = [this]
-    {
-        manager.setPodGain (other.id, manager.getPodInfo (other.id).gain + 0.25f);
-        listener.choose (other.id);
-        manager.disconnect (listener.id);
-    };
-    sender.leave();
-    EXPECT_EQ (manager.getPodInfo (other.id).gain, 0.75f);
+    listener.choose (other.id);
+    listener.whenRemoved = [this] { manager.disconnect (listener.id); };
+    other.leave();
     EXPECT_EQ (manager.getPodInfo (listener.id).valid, 0);
 }

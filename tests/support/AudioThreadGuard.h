@@ -16,8 +16,8 @@ public:
         int systemCalls = 0;   // files, sleeping, yielding, memory maps, and syscall()
     };
 
-    AudioThreadGuard() noexcept;
-    ~AudioThreadGuard();
+    AudioThreadGuard() noexcept : outer (watching) { watching = this; }
+    ~AudioThreadGuard() { watching = outer; }
 
     AudioThreadGuard (const AudioThreadGuard&) = delete;
     AudioThreadGuard& operator= (const AudioThreadGuard&) = delete;
@@ -32,6 +32,8 @@ public:
     static void note (int Counts::*kind) noexcept;
 
 private:
+    static inline thread_local AudioThreadGuard* watching = nullptr;
+
     Counts seen;
     AudioThreadGuard* outer;
 };
