@@ -14,8 +14,8 @@ constexpr int kWidth = 640;
 }   // namespace
 
 DeskContent::DeskContent (ComparisonGraph& graph, LiveDevice& device) :
-    material (graph.getMaterial()), deviceText (device.describe()), hasDevice (device.isOpen()), player (graph, device),
-    judging (graph.createEditor()), transport (player, material.getSampleRate(), material.getNumSamples())
+    material (graph.getMaterial()), output (device), player (graph, device), judging (graph.createEditor()),
+    transport (player, material.getSampleRate(), material.getNumSamples())
 {
     auto judgingHeight = JudgePanel::getPreferredHeight();
 
@@ -33,6 +33,17 @@ DeskContent::DeskContent (ComparisonGraph& graph, LiveDevice& device) :
     addAndMakeVisible (transport);
     setWantsKeyboardFocus (true);
     setSize (kWidth, kMargin + kTextHeight + kGap + judgingHeight + kGap + kRowHeight + kGap + kTextHeight + kGap);
+    timerCallback();
+    startTimer (200);   // milliseconds
+}
+
+/** The device may come, go and change its rate while the window is open. */
+void DeskContent::timerCallback()
+{
+    const auto offRate = player.isOffRate() ? ": not the recordings' rate, nothing is heard" : "";
+
+    if (const auto text = output.describe() + offRate; std::exchange (outputText, text) != text)
+        repaint();
 }
 
 void DeskContent::paint (juce::Graphics& g)
@@ -44,9 +55,9 @@ void DeskContent::paint (juce::Graphics& g)
     paintSource (g, sources.withWidth (half), material.a, true);
     paintSource (g, sources.withLeft (sources.getRight() - half), material.b, false);
 
-    g.setColour (hasDevice ? kFaintText : kNotice);
+    g.setColour (output.isOpen() && ! player.isOffRate() ? kFaintText : kNotice);
     g.setFont (juce::Font (kTextSize - 1.0f));
-    g.drawFittedText (deviceText, area.withTrimmedBottom (kGap).removeFromBottom (kTextHeight),
+    g.drawFittedText (outputText, area.withTrimmedBottom (kGap).removeFromBottom (kTextHeight),
                       juce::Justification::centred, 1);
 }
 

@@ -10,7 +10,7 @@ namespace desk
 {
 
 /** What stands in the window: the two sources, the comparator's own window or the desk's buttons, and the transport. */
-class DeskContent : public juce::Component
+class DeskContent : public juce::Component, private juce::Timer
 {
 public:
     DeskContent (ComparisonGraph& graph, LiveDevice& device);
@@ -20,11 +20,12 @@ public:
     bool keyPressed (const juce::KeyPress& key) override;
 
 private:
+    void timerCallback() override;
     static void paintSource (juce::Graphics& g, juce::Rectangle<int> area, const Recording& recording, bool isA);
 
     const Material& material;
-    const juce::String deviceText;
-    const bool hasDevice;
+    const LiveDevice& output;
+    juce::String outputText;   // as last painted
     LivePlayer player;
     std::unique_ptr<juce::Component> judging;   // the comparator's window or `panel`
     JudgePanel* panel = nullptr;                // null beside a comparator with a window

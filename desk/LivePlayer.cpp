@@ -47,14 +47,21 @@ void LivePlayer::audioDeviceIOCallbackWithContext (const float* const*, int, flo
     }
 }
 
-void LivePlayer::audioDeviceAboutToStart (juce::AudioIODevice*)
+void LivePlayer::audioDeviceAboutToStart (juce::AudioIODevice* audioDevice)
 {
+    deviceStarts (audioDevice->getCurrentSampleRate());
+}
+
+void LivePlayer::deviceStarts (double hertz) noexcept
+{
+    offRate = juce::roundToInt (hertz) != graph.getMaterial().getSampleRate();
     deviceRuns = true;
 }
 
 void LivePlayer::audioDeviceStopped()
 {
     deviceRuns = false;
+    offRate = false;
 }
 
 void LivePlayer::timerCallback()
@@ -87,7 +94,8 @@ int LivePlayer::playNext (int maxSamples)
     if (wasPlaying)
     {
         position = wrap (position + count);
-        heardPosition = wrap (position - latency);
+        numFed += count;
+        heardPosition = wrap (position - std::min (latency, numFed));
     }
 
     return count;
@@ -95,14 +103,20 @@ int LivePlayer::playNext (int maxSamples)
 
 void LivePlayer::followTransport()
 {
-    const bool plays = playing;
+    const bool plays = playing && ! offRate;
 
     // What was fed but not heard yet is fed again at the next start.
     if (wasPlaying && ! plays)
         position = heardPosition;
 
+    if (plays && ! wasPlaying)
+        numFed = 0;
+
     if (const auto request = requestedPosition.exchange (kNoRequest); request != kNoRequest)
+    {
         heardPosition = position = wrap (request);
+        numFed = 0;
+    }
 
     wasPlaying = plays;
     level.setTargetValue (plays ? 1.0f : 0.0f);

@@ -22,8 +22,15 @@ public:
 
     bool isPlaying() const noexcept { return playing; }
 
-    /** The sample of A that is heard now, with the comparator's latency taken off. */
+    /** The sample of A that is heard now, with the comparator's latency taken off. After a start or a seek it is the
+        place of that until it is heard. */
     juce::int64 getPosition() const noexcept { return heardPosition; }
+
+    /** Takes note that a device runs from now on. At another rate than the material's the transport stands. */
+    void deviceStarts (double hertz) noexcept;
+
+    /** Whether nothing is heard because of the device's rate [any thread]. */
+    bool isOffRate() const noexcept { return offRate; }
 
     // juce::AudioIODeviceCallback
     void audioDeviceIOCallbackWithContext (const float* const* inputs, int numInputs, float* const* outputs,
@@ -46,6 +53,7 @@ private:
     const juce::int64 length, latency;   // samples
     Relaxed<bool> playing = false;       // written by the message thread
     Relaxed<bool> deviceRuns = false;    // the device calls; else the timer does
+    Relaxed<bool> offRate = false;       // written where the device starts
     Relaxed<juce::int64> heardPosition = 0;
     std::atomic<juce::int64> requestedPosition { kNoRequest };   // taken by the thread that plays
 
@@ -53,6 +61,7 @@ private:
     juce::AudioSampleBuffer block;
     juce::SmoothedValue<float> level { 0.0f };
     juce::int64 position = 0;   // of the next block fed
+    juce::int64 numFed = 0;     // samples, since the last start or seek
     bool wasPlaying = false;
 
     // Of the timer, which plays in silence.

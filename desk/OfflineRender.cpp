@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "OfflineRender.h"
 
+#include <tuple>
+
 #include <cmath>
 #include <limits>
 
@@ -37,7 +39,7 @@ juce::Result OfflineRender::writeTo (const juce::File& output)
     if (writer == nullptr)
         return refused;
 
-    stream.release();   // the writer owns it
+    std::ignore = stream.release();   // the writer owns it
     const auto begin = juce::Time::getMillisecondCounterHiRes();
     const auto rendered = render (*writer);
     writer.reset();

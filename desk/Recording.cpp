@@ -12,6 +12,7 @@ namespace
 {
 
 constexpr int kMaxChannels = 2;
+constexpr int kMaxRate = 1536000;   // hertz
 
 juce::String describeRate (int hertz)
 {
@@ -22,7 +23,7 @@ juce::String describeRate (int hertz)
 
 juce::Result Recording::load (const juce::File& file, Recording& result)
 {
-    const auto path = file.getFullPathName();
+    const auto& path = file.getFullPathName();
 
     if (! file.exists())
         return juce::Result::fail ("there is no file " + path);
@@ -37,8 +38,12 @@ juce::Result Recording::load (const juce::File& file, Recording& result)
     formats.registerBasicFormats();
     const std::unique_ptr<juce::AudioFormatReader> reader (formats.createReaderFor (file));
 
-    if (reader == nullptr || reader->numChannels < 1 || reader->sampleRate < 1.0)
+    if (reader == nullptr || reader->numChannels < 1)
         return juce::Result::fail (path + " is no sound file that can be read: WAV, AIFF, FLAC and Ogg Vorbis can");
+
+    // Negated, so that a rate that is no number is refused too.
+    if (! (reader->sampleRate >= 1.0 && reader->sampleRate <= kMaxRate))
+        return juce::Result::fail (path + " names a sample rate outside 1 to " + juce::String (kMaxRate) + " Hz");
 
     if (reader->lengthInSamples < 1)
         return juce::Result::fail (path + " holds no audio");
@@ -107,22 +112,22 @@ juce::Result Material::load (const juce::File& fileA, const juce::File& fileB, s
         return loaded;
 
     const auto rate = sampleRate.value_or (material.a.sampleRate);
-    auto& audioA = material.a.audio;
+    const auto numChannels = std::max (material.a.audio.getNumChannels(), material.b.audio.getNumChannels());
 
     for (auto* recording : { &material.a, &material.b })
     {
         const auto newLength = recording->getLengthInSeconds() * rate;
 
-        if (newLength > std::numeric_limits<int>::max() / 2)
+        if (newLength > std::numeric_limits<int>::max() / 2.0)
             return juce::Result::fail (recording->name + " is too long");
 
         recording->resample (rate);
-    }
 
-    if (audioA.getNumChannels() < material.b.audio.getNumChannels())
-    {
-        audioA.setSize (kMaxChannels, audioA.getNumSamples(), true);
-        audioA.copyFrom (1, 0, audioA, 0, 0, audioA.getNumSamples());
+        if (auto& audio = recording->audio; audio.getNumChannels() < numChannels)
+        {
+            audio.setSize (numChannels, audio.getNumSamples(), true);
+            audio.copyFrom (1, 0, audio, 0, 0, audio.getNumSamples());
+        }
     }
 
     result = std::move (material);

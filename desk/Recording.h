@@ -11,7 +11,8 @@ namespace desk
 /** A sound file in memory, with one or two channels. */
 struct Recording
 {
-    /** Reads the first two channels of any file that the toolkit knows. @returns in one line why it cannot, or success */
+    /** Reads the first two channels of any file that the toolkit knows, at 1 to 1536000 Hz.
+        @returns in one line why it cannot, or success */
     static juce::Result load (const juce::File& file, Recording& result);
 
     /** Brings the audio to `newRate` hertz; at that rate already it stays as it is. */
@@ -31,8 +32,8 @@ struct Recording
 /** The two recordings of a comparison, fit to play in step. */
 struct Material
 {
-    /** Loads both. They come at `sampleRate`, or at A's rate when none is given. A mono A beside a stereo B becomes
-        stereo. @returns in one line why it cannot, or success */
+    /** Loads both. They come at `sampleRate`, or at A's rate when none is given. Of a mono and a stereo file the mono one
+        is laid on both sides. @returns in one line why it cannot, or success */
     static juce::Result load (const juce::File& fileA, const juce::File& fileB, std::optional<int> sampleRate,
                               Material& result);
 

@@ -58,7 +58,7 @@ void LabelRuns::lay (std::int64_t place, int length, std::int64_t label) noexcep
 
 void LabelRuns::clear() noexcept
 {
-    firstKept.store (laid.load (std::memory_order_relaxed), std::memory_order_relaxed);
+    firstKept.store (laid.load (std::memory_order_relaxed), std::memory_order_release);
 }
 
 bool LabelRuns::readRun (std::uint64_t index, Run& run) const noexcept

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstdint>
@@ -51,7 +52,7 @@ public:
     void visitFromNewest (std::int64_t streamLength, Visit&& visit) const noexcept
     {
         const auto count = laid.load (std::memory_order_acquire);
-        const auto first = firstKept.load (std::memory_order_relaxed);
+        const auto first = firstKept.load (std::memory_order_acquire);
 
         for (auto index = count; index > first && count - index < kRuns; --index)
         {

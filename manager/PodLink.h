@@ -3,6 +3,7 @@
 
 #include "PodStream.h"
 #include "StreamMatcher.h"
+#include "platform/Relaxed.h"
 
 namespace baylink
 {

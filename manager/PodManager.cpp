@@ -197,44 +197,65 @@ void PodManager::setBlockSize (PodId, int)
 
 bool PodManager::openStream (PodId id, int numChannels)
 {
-    const Lock lock (mutex);
-    auto* const slot = find (id);
-
-    if (slot == nullptr || ! isValidChannelCount (numChannels))
+    if (! isValidChannelCount (numChannels))
         return false;
 
-    auto* const former = slot->stream.load();
+    std::unique_ptr<PodStream> built;
 
-    if (former != nullptr && former->numChannels() == numChannels)
-        return true;
+    for (Lock lock (mutex);;)
+    {
+        auto* const slot = find (id);
 
-    auto& stream = takeStream (numChannels);
-    slot->told.numChannels = numChannels;
-    publish (*slot);
-    slot->stream.store (&stream);
+        if (slot == nullptr)
+            return false;
 
-    if (former != nullptr)
-        idleStreams.push_back (former);
+        auto* const former = slot->stream.load();
 
-    return true;
+        if (former != nullptr && former->numChannels() == numChannels)
+            return true;
+
+        if (auto* const stream = takeStream (numChannels, built))
+        {
+            slot->told.numChannels = numChannels;
+            publish (*slot);
+            slot->stream.store (stream);
+
+            if (former != nullptr)
+                idleStreams.push_back (former);
+
+            return true;
+        }
+
+        // A new one has megabytes to clear, which nobody else needs to wait for; all may be different afterwards.
+        lock.unlock();
+        built = std::make_unique<PodStream> (numChannels);
+        lock.lock();
+    }
 }
 
-PodStream& PodManager::takeStream (int numChannels)
+/** @returns an empty stream: `built`, if there is one, else one that a former pod left, else null [under the lock]. */
+PodStream* PodManager::takeStream (int numChannels, std::unique_ptr<PodStream>& built)
 {
-    const auto idle = std::find_if (idleStreams.begin(), idleStreams.end(),
-                                    [numChannels] (const PodStream* stream)
-                                    { return stream->numChannels() == numChannels && ! stream->isWriting(); });
+    PodStream* stream = nullptr;
 
-    if (idle == idleStreams.end())
+    if (built != nullptr)
     {
-        streams.push_back (std::make_unique<PodStream> (numChannels));
-        streams.back()->begin (++serial);
-        return *streams.back();
+        stream = streams.emplace_back (std::move (built)).get();
+    }
+    else
+    {
+        const auto idle = std::find_if (idleStreams.begin(), idleStreams.end(),
+                                        [numChannels] (const PodStream* left)
+                                        { return left->numChannels() == numChannels && ! left->isWriting(); });
+
+        if (idle == idleStreams.end())
+            return nullptr;
+
+        stream = *idle;
+        idleStreams.erase (idle);
     }
 
-    auto& stream = **idle;
-    idleStreams.erase (idle);
-    stream.begin (++serial);
+    stream->begin (++serial);
     return stream;
 }
 

@@ -63,7 +63,7 @@ private:
 
     PodSlot* find (PodId id) const noexcept;
     PodId drawId (int slotIndex);
-    PodStream& takeStream (int numChannels);
+    PodStream* takeStream (int numChannels, std::unique_ptr<PodStream>& built);
     void publish (PodSlot& slot);
     void writeBlock (PodId id, const float* const* channels, int numSamples, const std::int64_t* label) noexcept;
     void readBlock (PodId ownId, float* const* channels, PodId podId, const StreamMatcher::Block& block) noexcept;

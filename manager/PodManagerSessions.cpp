@@ -82,9 +82,6 @@ void PodManager::restorePod (IPod* pod, PodId uniqueId, const char* name, int, i
     if (pod == nullptr)
         return;
 
-    if (name != nullptr && *name != 0)
-        setPodName (pod->id, name);
-
     {
         const Lock lock (mutex);
         auto* const slot = find (pod->id);
@@ -100,6 +97,9 @@ void PodManager::restorePod (IPod* pod, PodId uniqueId, const char* name, int, i
                 if (*id > 0)
                     slot->wishes.push_back ({ *id, kNoPod });
     }
+
+    if (name != nullptr && *name != 0)
+        setPodName (pod->id, name);
 
     grantWishes();
 }
@@ -192,6 +192,13 @@ bool PodManager::takeWish (PodId& listener, PodId& podId)
 
             listener = id;
             slot.wishes.erase (wish);
+
+            // The listener may have come upon the pod by itself: now the link is the one that it was waiting for.
+            if (slot.ownedLinks != nullptr)
+                for (auto& held : *slot.ownedLinks)
+                    if (held.podId() == podId)
+                        held.isStopgap = false;
+
             return true;
         }
     }

@@ -8,20 +8,21 @@ namespace baylink
 
 void PodStream::begin (std::uint64_t newAge) noexcept
 {
-    // The age changes first: whoever meets anything of the new life finds out by asking for it again.
+    // The age changes first, so whoever meets anything of the new life finds out by asking for it again. The base
+    // changes last, so whoever meets it meets all else of the new life, and never an end that lies before it.
     currentAge.store (newAge, std::memory_order_relaxed);
-    ring.restart();
-    base = ring.end();
     runs.clear();
-    latest = 0;
-    longest = 0;
+    latest.store (0, std::memory_order_release);
+    longest.store (0, std::memory_order_release);
+    ring.restart();
+    base.store (ring.end(), std::memory_order_release);
 }
 
 void PodStream::write (const float* const* channels, int numSamples, const std::int64_t* label) noexcept
 {
     // A label stands in the table by the time its samples can be seen, so the table is never behind the audio.
-    latest = numSamples;
-    longest = std::max (longest.get(), numSamples);
+    latest.store (numSamples, std::memory_order_release);
+    longest.store (std::max (longest.load (std::memory_order_relaxed), numSamples), std::memory_order_release);
 
     if (label != nullptr)
         runs.lay (written(), numSamples, *label);
@@ -29,10 +30,16 @@ void PodStream::write (const float* const* channels, int numSamples, const std::
     ring.write (channels, numSamples);
 }
 
+std::int64_t PodStream::written() const noexcept
+{
+    const auto start = base.load (std::memory_order_acquire);
+    return ring.end() - start;
+}
+
 void PodStream::read (float* const* channels, int offset, std::int64_t place, int numSamples) const noexcept
 {
     const auto before = std::min<std::int64_t> (std::max<std::int64_t> (0, -place), numSamples);
-    ring.read (channels, offset + static_cast<int> (before), base + place + before,
+    ring.read (channels, offset + static_cast<int> (before), base.load (std::memory_order_acquire) + place + before,
                numSamples - static_cast<int> (before));
 }
 

@@ -3,7 +3,6 @@
 
 #include "AudioRing.h"
 #include "LabelRuns.h"
-#include "platform/Relaxed.h"
 
 namespace baylink
 {
@@ -45,11 +44,11 @@ public:
     int numChannels() const noexcept { return ring.numChannels(); }
 
     /** @returns samples since the stream began [any thread]. */
-    std::int64_t written() const noexcept { return ring.end() - base; }
+    std::int64_t written() const noexcept;
 
     /** The last block that was written and the longest of this life, in samples. */
-    int latestBlock() const noexcept { return latest; }
-    int longestBlock() const noexcept { return longest; }
+    int latestBlock() const noexcept { return latest.load (std::memory_order_acquire); }
+    int longestBlock() const noexcept { return longest.load (std::memory_order_acquire); }
 
     const LabelRuns& labels() const noexcept { return runs; }
 
@@ -61,8 +60,8 @@ private:
     LabelRuns runs;
     std::atomic<int> writers { 0 };   // more than one only while a former owner finds out that it lost the stream
     std::atomic<std::uint64_t> currentAge { 0 };
-    Relaxed<std::int64_t> base { 0 };   // position in the ring where this life began
-    Relaxed<int> latest { 0 }, longest { 0 };
+    std::atomic<std::int64_t> base { 0 };   // position in the ring where this life began
+    std::atomic<int> latest { 0 }, longest { 0 };
 };
 
 }   // namespace baylink

@@ -26,8 +26,8 @@ juce::AudioProcessor::WrapperType toToolkitType (int wrapperType)
 
 std::unique_ptr<DuoJudgeProcessor> createPluginFilter (int wrapperType)
 {
-    juce::AudioProcessor::setTypeOfNextNewPlugin (toToolkitType (wrapperType));
-    auto processor = std::make_unique<DuoJudgeProcessor> (wrapperType);
-    juce::AudioProcessor::setTypeOfNextNewPlugin (juce::AudioProcessor::wrapperType_Undefined);
-    return processor;
+    const auto setNextType = &juce::AudioProcessor::setTypeOfNextNewPlugin;
+    setNextType (toToolkitType (wrapperType));
+    const juce::ScopeGuard clear { [=] { setNextType (juce::AudioProcessor::wrapperType_Undefined); } };
+    return std::make_unique<DuoJudgeProcessor> (wrapperType);
 }

@@ -4,6 +4,63 @@
 #include "engine/ChannelRule.h"
 #include "platform/Vectorised.h"
 
+namespace
+{
+
+/** A gain that moves by `increment` a sample for `length` samples and then stays at `end`. */
+struct Ramp
+{
+    float start, increment, end;
+    int length;
+};
+
+/** The same signal on both sides passes unchanged, to the bit. */
+DUO_VECTORISED
+void mix (float* outgoing, const float* incoming, Ramp ramp, int numSamples)
+{
+    for (int i = 0; i < ramp.length; ++i)
+        outgoing[i] =
+            incoming[i] + (outgoing[i] - incoming[i]) * (ramp.start + static_cast<float> (i) * ramp.increment);
+
+    std::copy (incoming + ramp.length, incoming + numSamples, outgoing + ramp.length);
+}
+
+DUO_VECTORISED
+void scale (float* samples, Ramp ramp, int numSamples)
+{
+    for (int i = 0; i < ramp.length; ++i)
+        samples[i] *= ramp.start + static_cast<float> (i) * ramp.increment;
+
+    for (int i = ramp.length; i < numSamples; ++i)
+        samples[i] *= ramp.end;
+}
+
+DUO_VECTORISED
+void add (float* destination, const float* source, Ramp ramp, float gain, int numSamples)
+{
+    for (int i = 0; i < ramp.length; ++i)
+        destination[i] += source[i] * (ramp.start + static_cast<float> (i) * ramp.increment) * gain;
+
+    for (int i = ramp.length; i < numSamples; ++i)
+        destination[i] += source[i] * ramp.end * gain;
+}
+
+void addIncoming (juce::AudioSampleBuffer& outgoing, const juce::AudioSampleBuffer& incoming, Ramp ramp)
+{
+    const auto from = incoming.getNumChannels(), to = outgoing.getNumChannels();
+    const auto numSamples = outgoing.getNumSamples();
+
+    if (from < 1 || to < 1 || from > 2 || to > 2)
+        return;
+
+    for (int channel = 0; channel < std::max (from, to); ++channel)
+        add (outgoing.getWritePointer (std::min (channel, to - 1)),
+             incoming.getReadPointer (std::min (channel, from - 1)), ramp, from == to ? 1.0f : channelRule::kPairGain,
+             numSamples);
+}
+
+}   // namespace
+
 bool Crossfade::step (juce::AudioSampleBuffer& outgoing, const juce::AudioSampleBuffer& incoming) noexcept
 {
     constexpr int fadeMilliseconds = 40;
@@ -51,50 +108,4 @@ bool Crossfade::step (juce::AudioSampleBuffer& outgoing, const juce::AudioSample
     fadeLength = 0;
     fadeGain = 1.0f;
     return true;
-}
-
-void Crossfade::addIncoming (juce::AudioSampleBuffer& outgoing, const juce::AudioSampleBuffer& incoming,
-                             Ramp ramp) noexcept
-{
-    const auto from = incoming.getNumChannels(), to = outgoing.getNumChannels();
-    const auto numSamples = outgoing.getNumSamples();
-
-    if (from < 1 || to < 1 || from > 2 || to > 2)
-        return;
-
-    for (int channel = 0; channel < std::max (from, to); ++channel)
-        add (outgoing.getWritePointer (std::min (channel, to - 1)),
-             incoming.getReadPointer (std::min (channel, from - 1)), ramp, from == to ? 1.0f : channelRule::kPairGain,
-             numSamples);
-}
-
-/** The same signal on both sides passes unchanged, to the bit. */
-DUO_VECTORISED
-void Crossfade::mix (float* outgoing, const float* incoming, Ramp ramp, int numSamples) noexcept
-{
-    for (int i = 0; i < ramp.length; ++i)
-        outgoing[i] =
-            incoming[i] + (outgoing[i] - incoming[i]) * (ramp.start + static_cast<float> (i) * ramp.increment);
-
-    std::copy (incoming + ramp.length, incoming + numSamples, outgoing + ramp.length);
-}
-
-DUO_VECTORISED
-void Crossfade::scale (float* samples, Ramp ramp, int numSamples) noexcept
-{
-    for (int i = 0; i < ramp.length; ++i)
-        samples[i] *= ramp.start + static_cast<float> (i) * ramp.increment;
-
-    for (int i = ramp.length; i < numSamples; ++i)
-        samples[i] *= ramp.end;
-}
-
-DUO_VECTORISED
-void Crossfade::add (float* destination, const float* source, Ramp ramp, float gain, int numSamples) noexcept
-{
-    for (int i = 0; i < ramp.length; ++i)
-        destination[i] += source[i] * (ramp.start + static_cast<float> (i) * ramp.increment) * gain;
-
-    for (int i = ramp.length; i < numSamples; ++i)
-        destination[i] += source[i] * ramp.end * gain;
 }

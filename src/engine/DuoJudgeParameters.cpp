@@ -127,7 +127,8 @@ const juce::String DuoJudgeProcessor::getParameterText (int paramId)
         case Text::number:
             return juce::String (value, 2);
         case Text::decibels:
-            return juce::String ((value - 0.5f) * 2.0f * 10.0f, 1) + "dB";
+            // Rounded ahead, and plus nought: just below the middle is no minus nought.
+            return juce::String (std::round ((value - 0.5f) * 2.0f * 100.0f) / 10.0f + 0.0f, 1) + "dB";
         case Text::framerate:
             return kFramerates[getFramerateCode()];
         case Text::mapVersion:

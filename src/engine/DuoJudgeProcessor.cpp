@@ -36,7 +36,7 @@ void DuoJudgeProcessor::initialiseProduct()
     voteFadeActive = false;
     crossfadePending = false;
     clearVotes();
-    instanceName.clear();
+    setInstanceName ({});
     nameChanged = false;
     detectTimestamps = true;
     connect (2);
@@ -60,7 +60,10 @@ bool DuoJudgeProcessor::updateFromParams()
 
 void DuoJudgeProcessor::requestUpdate()
 {
-    deferredUpdateState = deferredUpdateState == 0 ? 1 : 2;
+    auto none = 0;
+
+    if (! deferredUpdateState.compare_exchange_strong (none, 1))
+        deferredUpdateState = 2;
 }
 
 void DuoJudgeProcessor::parameterChanged (int paramId)
@@ -136,7 +139,7 @@ void DuoJudgeProcessor::drawSource()
 void DuoJudgeProcessor::writeExtraState (juce::XmlElement& xml)
 {
     writePodState (xml);
-    xml.setAttribute ("A_SELECT_NAME", instanceName);
+    xml.setAttribute ("A_SELECT_NAME", getInstanceName());
 }
 
 void DuoJudgeProcessor::readExtraState (const juce::XmlElement& xml)
@@ -147,6 +150,18 @@ void DuoJudgeProcessor::readExtraState (const juce::XmlElement& xml)
     if (name.isEmpty())
         return;
 
-    instanceName = name;
+    setInstanceName (name);
     nameChanged = true;
+}
+
+juce::String DuoJudgeProcessor::getInstanceName() const
+{
+    const juce::ScopedLock lock (nameLock);
+    return instanceName;
+}
+
+void DuoJudgeProcessor::setInstanceName (const juce::String& newName)
+{
+    const juce::ScopedLock lock (nameLock);
+    instanceName = newName;
 }

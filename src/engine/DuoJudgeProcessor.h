@@ -57,23 +57,28 @@ public:
     explicit DuoJudgeProcessor (int typeOfWrapper);
     ~DuoJudgeProcessor() override;
 
-    /** Sets the selection to a fresh toss of the coin [any thread]. */
+    /** The user's name for source A [any thread but the audio thread]. */
+    juce::String getInstanceName() const;
+    void setInstanceName (const juce::String& newName);
+
+    /** Sets the selection to a fresh toss of the coin [any thread]; an undoable write, so it may allocate and lock. */
     void drawSource();
 
     /** Replaces the coin of the draw; only while no audio runs. */
     void setCoin (Coin newCoin) { coin = std::move (newCoin); }
 
-    /** Makes `podId` source B, or none with -1; the pod brings its own send gain along [any thread]. */
+    /** Makes `podId` source B, or none with -1; the pod brings its own send gain along [message thread holding `podLock`,
+        or a manager's callback]. */
     void connectToPod (baylink::PodId podId);
 
+    /** The votes so far [any thread]; three words that a vote may change one after the other. */
     VoteStatistics getVoteStatistics() const noexcept { return { voteCount, votesForA, votesForB }; }
     baylink::PodId getSelectedPodId() const noexcept { return selectedPodId; }
     bool isVoteFadeActive() const noexcept { return voteFadeActive; }
 
-    /** The level observers: channel 0 own and pod signal, channel 1 own and pod signal. */
+    /** The level observers 0 to 3: channel 0 own and pod signal, channel 1 own and pod signal. */
     OxJuceObserverRmsMeter& getMeter (int index) noexcept { return meters[static_cast<std::size_t> (index)]; }
 
-    juce::String instanceName;           // the user's name for source A [message thread]
     Relaxed<bool> nameChanged = false;   // a stored name was read; the editor clears it after showing the name
 
     static juce::String getSettingsName() { return "DuoJudge_1"; }
@@ -151,14 +156,17 @@ private:
     std::array<CDelayFilter<float>, 2> delays { CDelayFilter<float> (65536), CDelayFilter<float> (65536) };
     Crossfade fader;
     VoteFade voteFade;
-    std::unique_ptr<juce::AudioSampleBuffer> podBuffer;        // what the pod gave for the block [audio thread]
-    Relaxed<baylink::PodId> selectedPodId = baylink::kNoPod;   // source B
-    Relaxed<bool> detectTimestamps = true;                     // what "Detect" means on this host
-    Relaxed<float> podGain = 1.0f;                             // linear, from `SendGain`
+    std::unique_ptr<juce::AudioSampleBuffer> podBuffer;              // what the pod gave for the block [audio thread]
+    std::atomic<baylink::PodId> selectedPodId { baylink::kNoPod };   // source B
+    Relaxed<bool> detectTimestamps = true;                           // what "Detect" means on this host
+    Relaxed<float> podGain = 1.0f;                                   // linear, from `SendGain`
     Relaxed<bool> voteFadeActive = false;     // raised by a vote, lowered at the fade's end [audio thread]
+    bool wantedB = false;                     // `ToggleAB` at the last block [audio thread]
     Relaxed<bool> crossfadePending = false;   // raised by a change, lowered at the fade's end [audio thread]
     Relaxed<int> voteCount = 0, votesForA = 0, votesForB = 0;
     Coin coin = makeFairCoin();
+    mutable juce::CriticalSection nameLock;
+    juce::String instanceName;   // guarded by nameLock: hosts save and load on threads of their own
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (DuoJudgeProcessor)
 };

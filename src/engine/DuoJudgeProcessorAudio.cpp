@@ -19,7 +19,9 @@ void DuoJudgeProcessor::prepareAudio (double newSampleRate, int newBlockSize)
     for (auto& line : delays)
         line.setDelay (baylink::kMatchedLatency);
 
-    const auto hertz = static_cast<int> (newSampleRate);
+    // Not a number counts as unknown, and no rate is beyond what a fade can be counted in.
+    constexpr auto highestRate = 1536000.0;
+    const auto hertz = newSampleRate > 0.0 ? static_cast<int> (std::min (newSampleRate, highestRate)) : 0;
     fader.setSampleRate (hertz);
     voteFade.setSampleRate (hertz);
 
@@ -100,7 +102,13 @@ bool DuoJudgeProcessor::readsAtTimeline()
 
 void DuoJudgeProcessor::selectSource (juce::AudioSampleBuffer& block, bool podRead)
 {
-    if (parameter (ToggleAB).value != 0.0f && podRead)
+    // A change may be written but not announced yet, or announced while the last one was being finished.
+    const auto wantsB = parameter (ToggleAB).value != 0.0f;
+
+    if (std::exchange (wantedB, wantsB) != wantsB)
+        crossfadePending = true;
+
+    if (wantsB && podRead)
     {
         if (! crossfadePending)
             channelRule::copy (block, *podBuffer);

@@ -37,13 +37,27 @@ void DuoJudgeProcessor::connectToPod (baylink::PodId podId)
     if (podId == baylink::kNoPod || podId == selectedPodId || ! manager->link (id, podId))
         return;
 
-    selectedPodId = podId;
+    // The tick and a callback may link at the same time: one pod stays, and no link is left behind.
+    if (auto none = baylink::kNoPod; ! selectedPodId.compare_exchange_strong (none, podId))
+    {
+        if (none != podId)
+            manager->unlink (id, podId);
+
+        return;
+    }
+
     setParamDirect (SendGain, manager->getPodInfo (podId).gain, true);
 }
 
 void DuoJudgeProcessor::onPodLinked (baylink::PodId ownId, baylink::PodId podId)
 {
-    if (ownId == id)
+    if (ownId != id)
+        return;
+
+    connectToPod (podId);
+
+    // If the tick came in between, what the manager offers goes before what the tick found.
+    if (selectedPodId != baylink::kNoPod && selectedPodId != podId)
         connectToPod (podId);
 }
 
@@ -54,7 +68,7 @@ void DuoJudgeProcessor::onPodRemoved (baylink::PodId podId)
 
     selectedPodId = baylink::kNoPod;
 
-    // No lock, whatever the manager's thread holds; and a pod that leaves is nothing that a user could undo.
+    // No lock of ours, whatever the manager's thread holds; and a pod that leaves is nothing that a user could undo.
     setParamDirect (ToggleAB, 0.0f, true);
     setParamDirect (EndTest, 1.0f, true);
     setParamDirect (EndTest, 0.0f, true);

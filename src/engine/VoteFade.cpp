@@ -3,6 +3,8 @@
 
 #include "platform/Vectorised.h"
 
+#include <algorithm>
+
 namespace
 {
 

@@ -167,8 +167,9 @@ void OxJuceProcessorBase::timerCallback()
     if (juce::MessageManager::existsAndIsCurrentThread())
         messageThread = juce::Thread::getCurrentThreadId();
 
-    if (deferredUpdateState != 0 && updateFromParams())
-        deferredUpdateState = deferredUpdateState == 2 ? 1 : 0;
+    // A change that comes in between raises the state again, so that it is never lost.
+    if (auto state = deferredUpdateState.load(); state != 0 && updateFromParams())
+        deferredUpdateState.compare_exchange_strong (state, state - 1);
 
     timerTick();
 }

@@ -55,7 +55,7 @@ public:
     /** The whole number that a parameter holds in thousandths. */
     int getParamCode (int id) noexcept { return thousandths::toCode (parameter (id).value); }
 
-    /** Copies the values of the normal parameters, and nothing else, into `set`. */
+    /** Copies the values of the normal parameters, and nothing else, into `set` [message thread]. */
     void captureParamSet (OxParamSet& set);
 
     // Parameters: writing ---------------------------------------------------------------------------------------------
@@ -68,19 +68,21 @@ public:
         that stands, and makes an undo step where the product wants one. */
     void setParamUndoable (int id, float value, bool notifyHost);
 
-    /** Writes all normal parameters from `set` as the user would, and makes it the set that a reset returns to.
+    /** Writes all normal parameters from `set` as the user would, and makes it the set that a reset returns to [any
+        thread but the audio thread].
         @param keepExcluded leave out what a preset recall leaves alone */
     void applyParamSet (const OxParamSet& set, bool keepExcluded);
 
     /** Tells the hooks of a write [any thread]; also used once for every id when a product is built. */
     void afterParamChange (int id);
 
+    /** Marks every parameter as seen by the editor [message thread]. */
     void clearChangedFlags();
 
-    /** Sends the values of all normal parameters that the host can see to the host. */
+    /** Sends the values of all normal parameters that the host can see to the host [message thread]. */
     void sendAutomatableParams();
 
-    // Gestures: only the editor and `setParamUndoable` call these -----------------------------------------------------
+    // Gestures: only the editor and `setParamUndoable` call these [any thread] ----------------------------------------
 
     /** A user took hold of `id`, or `id` moves as a consequence while a user holds another one. */
     void beginGesture (int id);
@@ -96,7 +98,8 @@ public:
 
     // Offline passes --------------------------------------------------------------------------------------------------
 
-    /** Walks a buffer of any length in chunks of at most 1024 samples, with the position at 0 or where it stood. */
+    /** Walks a buffer of any length in chunks of at most 1024 samples [the host's render thread]. Each chunk's position is
+        the number of samples since the pass was prepared; the timer's work runs before each chunk. */
     void renderOfflineInChunks (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi);
     void analyseOfflineInChunks (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi);
 
@@ -162,11 +165,12 @@ public:
 
     // Hooks of the product --------------------------------------------------------------------------------------------
 
+    /** Called by the product's constructor and destructor. */
     virtual void initialiseProduct() {}
     virtual void shutdownProduct() {}
     virtual void handleVendorPointer (void*) {}
 
-    /** Takes the path of the processed file from a "FILEDETAILS" element and drops the element. */
+    /** Takes the path of the processed file from a "FILEDETAILS" element and drops the element [the host's thread]. */
     virtual void setFileDetails (std::unique_ptr<juce::XmlElement> xml);
     virtual bool handleVendorArguments (const juce::StringArray&) { return true; }
 
@@ -222,7 +226,8 @@ public:
     virtual void renderOffline (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) { processAudio (block, midi); }
     virtual void analyseOffline (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) { processAudio (block, midi); }
 
-    /** Recomputes what audio needs from the parameters, after one of them has changed.
+    /** Recomputes what audio needs from the parameters, after one of them has changed [message thread, or that of an
+        offline pass].
         @returns false to be called again at the next tick */
     virtual bool updateFromParams() { return true; }
 
@@ -257,7 +262,8 @@ public:
     /** The plug-in format's own order of channels. */
     virtual int getDefaultRouting (int numChannels);
 
-    /** The frame rate code in force, 0 to 12. A code out of range is replaced. */
+    /** The frame rate code in force, 0 to 12 [any thread]. A code out of range is replaced, which, like a change, is an
+        undoable write: on the audio thread it allocates, once. */
     virtual int getFramerateCode();
     virtual void setFramerateCode (int code);
 
@@ -269,7 +275,7 @@ public:
     Relaxed<juce::int64> blockStartSample = 0;        // timeline position of the block; kept while the host is stopped
     Relaxed<juce::int64> offlineSamplePos = 0;        // samples since the start of an offline pass
     Relaxed<int> processMode = realTime;
-    Relaxed<int> deferredUpdateState = 1;              // 0 nothing waits, 1 an update waits, 2 and one more after it
+    std::atomic<int> deferredUpdateState { 1 };        // 0 nothing waits, 1 an update waits, 2 and one more after it
     std::array<OxJuceProfilerItem, 4> profilerItems;   // audio block, timer, render, GUI update
     bool isVenueVersion = false;
 

@@ -7,31 +7,18 @@ void OxJuceProcessorBase::beginGesture (int id)
     if (id == getNoParamId() || id >= kPersistentIdBase)
         return;
 
-    const auto isHeldByUser = [this, id]
-    {
-        const juce::ScopedLock lock (gestureLock);
-        return gestureParams.contains (id);
-    }();
-
-    if (isHeldByUser)
-        return;
-
-    if (parameter (id).editedByGui)
-    {
-        {
-            const juce::ScopedLock lock (gestureLock);
-            gestureParams.add (id);
-        }
-        tellGestureBegin (id);
-        return;
-    }
-
+    const bool isHeld = parameter (id).editedByGui;
     {
         const juce::ScopedLock lock (gestureLock);
 
-        if (gestureParams.isEmpty())
+        if (gestureParams.contains (id) || (! isHeld && gestureParams.isEmpty()))
             return;
+
+        if (isHeld)
+            gestureParams.add (id);
     }
+
+    if (! isHeld)
     {
         const juce::ScopedLock lock (linkedGestureLock);
 

@@ -6,7 +6,7 @@
 namespace platform
 {
 
-/** The folder for program files that several products share [message thread].
+/** The folder for program files that several products share [any thread but the audio thread].
 
     On this system there are two, `~/.local/lib` and `/usr/local/lib`: the first in which `fileBelow` stands is meant, and
     the user's own where it stands in neither.

@@ -23,7 +23,7 @@ public:
 
     virtual void reserved2() {}
 
-    /** Loads the manager and makes this pod known to it [message thread]. Does nothing when it is known already.
+    /** Loads the manager and makes this pod known to it [any thread but the audio thread]. Does nothing when it is known already.
         What goes wrong is written to the log, and `manager` stays null.
         @param numChannels at most `kMaxPodChannels` */
     virtual void connect (int numChannels);

@@ -20,14 +20,11 @@ void OxJucePodUser::refreshPodList (std::int32_t typeKey)
     if (manager == nullptr)
         return;
 
-    const juce::ScopedLock lock (podLock);
+    // The audio thread may wait for the lock: only the finished list is put in place under it.
+    juce::StringArray names { "Not Connected" };
+    juce::Array<int> listedIds { baylink::kNoPod };
     PodIdList ids;
     const auto count = std::min (manager->getPodIds (ids.data()), baylink::kMaxPods);
-
-    podNames.clearQuick();
-    podIds.clearQuick();
-    podNames.add ("Not Connected");
-    podIds.add (baylink::kNoPod);
 
     for (int i = 0; i < count; ++i)
     {
@@ -37,9 +34,13 @@ void OxJucePodUser::refreshPodList (std::int32_t typeKey)
         if (info.valid == 0 || info.typeKey != typeKey)
             continue;
 
-        podNames.add (juce::String::fromUTF8 (info.name, static_cast<int> (strnlen (info.name, sizeof (info.name)))));
-        podIds.add (podId);
+        names.add (juce::String::fromUTF8 (info.name, static_cast<int> (strnlen (info.name, sizeof (info.name)))));
+        listedIds.add (podId);
     }
+
+    const juce::ScopedLock lock (podLock);
+    podNames.swapWith (names);
+    podIds.swapWith (listedIds);
 }
 
 void OxJucePodUser::writePodState (juce::XmlElement& xml)

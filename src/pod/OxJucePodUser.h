@@ -8,7 +8,7 @@
 class OxJucePodUser : public OxJucePodSender, public virtual baylink::IPod
 {
 public:
-    /** Fills the list anew with the valid pods of one type key [message thread]; nothing without a manager. */
+    /** Fills the list anew with the valid pods of one type key [message thread, or that of an offline pass]; nothing without a manager. */
     virtual void refreshPodList (std::int32_t typeKey);
 
     int getPodKind() override { return 2; }

@@ -60,7 +60,7 @@ public:
     /** Fills an array of `kMaxPods` entries. @returns how many ids it holds now. */
     virtual int getPodIds (PodId* outIds) = 0;
 
-    /** [audio thread] */
+    /** [audio thread] @returns the default `PodInfo`, which is not `valid`, for an unknown id. */
     virtual PodInfo getPodInfo (PodId id) = 0;
 
     /** Hands over what a saved session held of a pod that is connected now.

@@ -2,25 +2,25 @@
 // The built program, by its exit status and what it prints.
 #include "DeskRig.h"
 
-#include <gtest/gtest.h>
-
 struct DeskProgramTest : testing::Test
 {
     DeskProgramTest()
     {
         rig.write ("a.wav", DeskRig::noise (2, 44100, 1));
-        rig.write ("-b.wav", DeskRig::noise (1, 49000, 2), 48000);
+        rig.write ("-b.ogg", DeskRig::noise (1, 49000, 2), 48000);
         rig.write ("none.wav", juce::AudioSampleBuffer (2, 0));
+        rig.write ("fast.wav", DeskRig::noise (1, 9, 3), 1536001);
         rig.file ("empty.wav").create();
         rig.file ("noise.wav").replaceWithText (juce::String::repeatedString ("no sound ", 99));
         rig.file ("bad.txt").replaceWithText ("0 select A\n0.1 selekt B\n");
         rig.file ("late.txt").replaceWithText ("0 select A\n\n1 select B\n");
     }
 
-    /** Runs the desk in the rig's folder, without a display. @returns its last line behind its status */
+    /** Runs the desk in the rig's folder, where no display answers; with none named the toolkit would try the first.
+        @returns its last line behind its status */
     juce::String run (const juce::String& words) const
     {
-        juce::StringArray command { "env", "-C", rig.file ("").getFullPathName(), "-u", "DISPLAY", DUO_DESK_FILE };
+        juce::StringArray command { "env", "-C", rig.file ("").getFullPathName(), "DISPLAY=:60000", DUO_DESK_FILE };
         command.addArray (juce::StringArray { "--manager-folder", DUO_MANAGER_FOLDER });
         command.addTokens (words, " ", {});
         juce::ChildProcess child;
@@ -45,6 +45,7 @@ TEST_F (DeskProgramTest, EndsWithStatusTwoAndOneLineForEveryError)
         { "a.wav empty.wav --render o.wav", "empty.wav is empty" },
         { "none.wav a.wav --render o.wav", "none.wav holds no audio" },
         { "noise.wav a.wav --render o.wav", "noise.wav is no sound file that can be read" },
+        { "a.wav fast.wav --render o.wav", "fast.wav names a sample rate outside 1 to 1536000 Hz" },
         { "/ a.wav --render o.wav", "/ cannot be read" },
         { "a.wav a.wav --render no/o.wav", "o.wav cannot be written" },
         { "a.wav a.wav --render /", "/ cannot be written" },
@@ -66,7 +67,7 @@ TEST_F (DeskProgramTest, EndsWithStatusTwoAndOneLineForEveryError)
 
 TEST_F (DeskProgramTest, RendersADefaultSequenceWithoutADisplayAndShowsItsUsage)
 {
-    const auto answer = run ("--render o.wav a.wav -- -b.wav");
+    const auto answer = run ("--render o.wav a.wav -- -b.ogg");
     EXPECT_TRUE (answer.startsWith ("0 ") && answer.contains ("times faster than real time")) << answer;
 
     desk::Recording rendered;

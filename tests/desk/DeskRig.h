@@ -5,37 +5,88 @@
 
 #include "platform/KnownFolders.h"
 
+#include <gtest/gtest.h>
+
 #include <sstream>
 
 /** A folder of its own for sound files, and the built manager in place of an installed one. */
 class DeskRig
 {
 public:
-    static constexpr int kRate = 44100;
-    static constexpr int kCrossfade = kRate * 40 / 1000;   // samples
+    using Audio = juce::AudioSampleBuffer;
 
-    DeskRig();
+    static constexpr int kRate = 44100, kCrossfade = kRate * 40 / 1000;   // hertz, samples
+
+    DeskRig() { folder.createDirectory(); }
     ~DeskRig() { folder.deleteRecursively(); }
 
-    /** White noise within half of full scale, the same for the same seed. */
-    static juce::AudioSampleBuffer noise (int numChannels, int numSamples, int seed);
+    /** White noise within half of full scale, the same for the same seed, of numbers that 24 bits hold. */
+    static Audio noise (int numChannels, int numSamples, int seed)
+    {
+        juce::Random random (seed);
+        Audio audio (numChannels, numSamples);
 
-    /** Writes 32-bit floats, or 16-bit numbers in the other formats. */
-    juce::File write (const juce::String& name, const juce::AudioSampleBuffer& audio, int rate = kRate) const;
+        for (int i = 0; i < numChannels * numSamples; ++i)
+            audio.setSample (i % numChannels, i / numChannels,
+                             static_cast<float> (random.nextInt (1 << 23) - (1 << 22)) / (1 << 23));
+
+        return audio;
+    }
 
     juce::File file (const juce::String& name) const { return folder.getChildFile (name); }
 
-    /** Renders two files by a script, and fails the test if it cannot. @returns the rendered file as it is read back */
-    juce::AudioSampleBuffer render (const juce::File& a, const juce::File& b, const juce::String& scriptText);
+    /** Writes 32-bit floats as WAV, or 24-bit numbers in the other formats. */
+    juce::File write (const juce::String& name, const Audio& audio, int rate = kRate) const
+    {
+        juce::AudioFormatManager formats;
+        formats.registerBasicFormats();
+        const auto target = file (name);
+        auto* const format = formats.findFormatForFileExtension (target.getFileExtension());
+        const auto bits = target.hasFileExtension ("wav") ? 32 : 24;
+        target.deleteFile();   // a stream would append
+        const auto channels = static_cast<unsigned> (audio.getNumChannels());
+        const std::unique_ptr<juce::AudioFormatWriter> writer (
+            format->createWriterFor (new juce::FileOutputStream (target), rate, channels, bits, {}, 5));
+        EXPECT_TRUE (writer != nullptr && writer->writeFromAudioSampleBuffer (audio, 0, audio.getNumSamples())) << name;
+        return target;
+    }
 
-    /** "A" where `audio` equals `a` bit for bit in [from, to), "B" for `b`, else the place of the first sample that equals
-        neither. A mono source stands for both channels. */
-    static juce::String identify (const juce::AudioSampleBuffer& audio, const juce::AudioSampleBuffer& a,
-                                  const juce::AudioSampleBuffer& b, int from, int to);
+    /** Renders two files by a script, and fails the test if it cannot. @returns the rendered file as it is read back */
+    Audio render (const Audio& a, const Audio& b, const juce::String& scriptText, const juce::String& format = ".wav")
+    {
+        desk::Script script;
+        EXPECT_EQ (desk::Script::parse (scriptText, script).getErrorMessage(), "");
+        desk::Material material;
+        const auto loaded = desk::Material::load (write ("a" + format, a), write ("b" + format, b), {}, material);
+        EXPECT_EQ (loaded.getErrorMessage(), "");
+
+        desk::ComparisonGraph graph (material);
+        EXPECT_TRUE (graph.isLinked());
+        std::ostringstream output;
+        desk::ProgressLine progress (output, false);
+        EXPECT_EQ (desk::OfflineRender (graph, script, progress).writeTo (file ("rendered.wav")).getErrorMessage(), "");
+        printed = output.str();
+
+        desk::Recording rendered;
+        EXPECT_EQ (desk::Recording::load (file ("rendered.wav"), rendered).getErrorMessage(), "");
+        return rendered.audio;
+    }
+
+    /** @returns the first sample in [from, to) where `audio` is not `source` bit for bit, or `to`. A mono source stands
+        for both channels. */
+    static int findFault (const Audio& audio, const Audio& source, int from, int to)
+    {
+        for (int i = from; i < to; ++i)
+            for (int channel = 0; channel < audio.getNumChannels(); ++channel)
+                if (audio.getSample (channel, i) != source.getSample (channel % source.getNumChannels(), i))
+                    return i;
+
+        return to;
+    }
 
     juce::String printed;   // by the last render
 
 private:
-    juce::File folder;
-    platform::ScopedCommonProgramFilesFolder manager;
+    const juce::File folder = juce::File::createTempFile ("desk");
+    const platform::ScopedCommonProgramFilesFolder manager { juce::File (juce::CharPointer_UTF8 (DUO_MANAGER_FOLDER)) };
 };

@@ -2,21 +2,18 @@
 #include "DeskRig.h"
 #include "LivePlayer.h"
 
-#include <gtest/gtest.h>
-
 constexpr int kLoop = 10007, kLatency = 4096;   // samples
 
 /** A player whose audio device is the test: it asks for blocks of changing length. */
 struct LivePlayerTest : testing::Test
 {
-    LivePlayerTest() { player.audioDeviceAboutToStart (nullptr); }
+    LivePlayerTest() { player.deviceStarts (DeskRig::kRate); }
 
     juce::AudioSampleBuffer play (int numSamples)
     {
         juce::AudioSampleBuffer heard (2, numSamples);
-        int length = 1;
 
-        for (int done = 0; done < numSamples; done += length)
+        for (int done = 0, length = 1; done < numSamples; done += length)
         {
             length = std::min (numSamples - done, length % 1500 + 331);
             float* const outputs[] { heard.getWritePointer (0, done), heard.getWritePointer (1, done) };
@@ -26,13 +23,14 @@ struct LivePlayerTest : testing::Test
         return heard;
     }
 
-    /** From `start` on `heard` is to be the loop of `source`, which begins at `begin`. */
-    static void expectLoop (const juce::AudioSampleBuffer& heard, const juce::AudioSampleBuffer& source, int start,
-                            int begin)
+    /** From `start` on the next `numSamples` are to be the loop of `source`, fed from `position` on. */
+    void expectLoop (int numSamples, const juce::AudioSampleBuffer& source, int start, juce::int64 position)
     {
-        for (int i = start; i < heard.getNumSamples(); ++i)
-            for (int channel = 0; channel < 2; ++channel)
-                ASSERT_EQ (heard.getSample (channel, i), source.getSample (channel, (i - begin + kLoop) % kLoop)) << i;
+        const auto heard = play (numSamples);
+        const auto offset = static_cast<int> (position) + kLoop - kLatency;
+
+        for (int i = 2 * start; i < 2 * numSamples; ++i)
+            ASSERT_EQ (heard.getSample (i & 1, i / 2), source.getSample (i & 1, (i / 2 + offset) % kLoop)) << i / 2;
     }
 
     DeskRig rig;
@@ -43,31 +41,40 @@ struct LivePlayerTest : testing::Test
     desk::LivePlayer player { graph, noDevice };
 };
 
-TEST_F (LivePlayerTest, LoopsBothSourcesWithoutAGap)
+TEST_F (LivePlayerTest, LoopsBothSourcesWithoutAGapAndSeeksInThem)
 {
     player.setPlaying (true);
-    expectLoop (play (3 * kLoop), material.a.audio, kLatency, kLatency);
+    expectLoop (3 * kLoop, material.a.audio, kLatency, 0);
     EXPECT_EQ (player.getPosition(), (3 * kLoop - kLatency) % kLoop);
     graph.writeParameter (duoJudge::ToggleAB, 1.0f);
-    expectLoop (play (3 * kLoop), material.b.audio, DeskRig::kCrossfade, kLatency);
+    expectLoop (3 * kLoop, material.b.audio, DeskRig::kCrossfade, 3 * kLoop);
+
+    player.seek (5000);
+    play (1000);
+    EXPECT_EQ (player.getPosition(), 5000);
+    expectLoop (kLatency + 3000, material.b.audio, kLatency - 1000, 6000);
 }
 
 TEST_F (LivePlayerTest, GoesOnWhereListeningStopped)
 {
-    player.setPlaying (true);
-    play (kLatency + 2000);
-    player.setPlaying (false);
-    EXPECT_EQ (play (2 * kLatency).getMagnitude (kLatency, kLatency), 0.0f);
-    EXPECT_EQ (player.getPosition(), 2000);
-    player.setPlaying (true);
-    expectLoop (play (kLatency + 3000), material.a.audio, kLatency, kLatency - 2000);
+    // How long to play, and where that leads: nowhere until the first sample is heard.
+    for (const auto& [length, end] : { std::pair (kLatency + 9, 9), { kLatency - 1, 9 }, { kLatency + 1, 10 } })
+    {
+        player.setPlaying (true);
+        expectLoop (length, material.a.audio, std::min (length, kLatency), player.getPosition());
+        EXPECT_EQ (player.getPosition(), end);
+        player.setPlaying (false);
+        EXPECT_EQ (play (2 * kLatency).getMagnitude (kLatency, kLatency), 0.0f);
+        EXPECT_EQ (player.getPosition(), end);
+    }
 }
 
-TEST_F (LivePlayerTest, SeeksInBothSources)
+TEST_F (LivePlayerTest, IsSilentWhileTheDeviceRunsAtAnotherRate)
 {
-    graph.writeParameter (duoJudge::ToggleAB, 1.0f);
     player.setPlaying (true);
-    play (7000);
-    player.seek (5000);
-    expectLoop (play (kLatency + 3000), material.b.audio, kLatency, kLatency - 5000);
+    player.deviceStarts (48000.0);
+    EXPECT_EQ (play (kLoop).getMagnitude (0, kLoop), 0.0f);
+    EXPECT_TRUE (player.isOffRate());
+    player.deviceStarts (DeskRig::kRate);
+    expectLoop (kLoop, material.a.audio, kLatency, 0);
 }

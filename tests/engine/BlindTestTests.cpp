@@ -19,8 +19,7 @@ TEST (BlindTestTest, VotesGoToTheSourceThatPlaysOnRelease)
     EXPECT_EQ (votes.votesForA, 2);
     EXPECT_EQ (votes.votesForB, 1);
 
-    rig.set (EndTest, 1.0f);
-    EXPECT_EQ (rig.processor().getVoteStatistics().votes, 0);
+    EXPECT_EQ (rig.set (EndTest, 1.0f).processor().getVoteStatistics().votes, 0);
 }
 
 TEST (BlindTestTest, LabelsAlwaysStandForDifferentSources)
@@ -70,10 +69,9 @@ TEST (VoteFadeTest, DrawOfTheSameSourceBringsItBackWithoutACrossfade)
     rig.processor().setCoin ([] { return 0; });
     rig.addPod().play ([] (int, std::int64_t) { return 1.0f; }, noise (3)).run (6400);
     const auto heard = rig.click (Choose).run (6400);
-    const auto turn = 2432;
 
     for (int i = 0; i < 2300; ++i)
-        ASSERT_NEAR (heard.getSample (0, turn + i), static_cast<float> (i) / 2400.0f, 1e-3f) << i;
+        ASSERT_NEAR (heard.getSample (0, 2432 + i), static_cast<float> (i) / 2400.0f, 1e-3f) << i;
 }
 
 TEST (VoteStatisticsTest, PercentagesAreRoundedAndNeverExceedAHundred)
@@ -95,33 +93,30 @@ TEST (VoteStatisticsTest, PercentagesAreRoundedAndNeverExceedAHundred)
 TEST (CoinTest, IsFairAndOtherInEveryRun)
 {
     const auto coin = makeFairCoin(), other = makeFairCoin();
-    int heads = 0, changes = 0, equal = 0, last = 0;
+    int heads = 0, equal = 0;
 
     for (int i = 0; i < 10000; ++i)
     {
         const auto toss = coin();
         heads += toss;
-        changes += toss != last ? 1 : 0;
         equal += toss == other() ? 1 : 0;
-        last = toss;
     }
 
     // Six standard deviations of a fair coin around 5000.
     EXPECT_NEAR (heads, 5000, 300);
-    EXPECT_NEAR (changes, 5000, 300);
     EXPECT_NEAR (equal, 5000, 300);
 }
 
 TEST (SavedNameTest, ComesBackAndIsShown)
 {
     EngineRig rig;
-    rig.processor().instanceName = juce::String::fromUTF8 ("Müller's mix");
+    rig.processor().setInstanceName (juce::String::fromUTF8 ("Müller's mix"));
     juce::XmlElement state ("STATE");
     rig.processor().writeExtraState (state);
 
     EngineRig other;
     other.processor().readExtraState (state);
-    EXPECT_EQ (other.processor().instanceName, rig.processor().instanceName);
+    EXPECT_EQ (other.processor().getInstanceName(), rig.processor().getInstanceName());
     EXPECT_TRUE (other.processor().nameChanged);
 }
 

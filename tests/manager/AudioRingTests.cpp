@@ -42,8 +42,7 @@ TEST (AudioRingTest, GivesBackWhatItHoldsAtAnyPlaceAndLength)
                 expectedRight[1 + place - from] = place < 0 ? 0.0f : static_cast<float> (place + 2);
             }
 
-            ASSERT_TRUE (left == expectedLeft && right == expectedRight)
-                << length << " from " << from << " of " << written;
+            ASSERT_TRUE (left == expectedLeft && right == expectedRight) << from << " of " << written;
         }
     }
 }

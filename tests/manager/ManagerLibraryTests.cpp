@@ -4,21 +4,17 @@
 #include <array>
 #include <cstdio>
 #include <dlfcn.h>
-#include <set>
 
 using namespace baylink;
 
 TEST (ManagerLibraryTest, ExportsTwoNamesAndNothingElse)
 {
-    auto* const pipe = popen ("nm -D --defined-only '" BAY_LINK_MANAGER_FILE "'", "r");
+    auto* const pipe = popen ("nm -D --defined-only '" BAY_LINK_MANAGER_FILE "' | cut -d' ' -f3 | sort | xargs", "r");
     ASSERT_NE (pipe, nullptr);
-    std::set<std::string> names;
-
-    for (std::array<char, 256> name; std::fscanf (pipe, "%*s %*s %255s", name.data()) == 1;)
-        names.insert (name.data());
-
+    std::array<char, 256> names {};
+    EXPECT_NE (std::fgets (names.data(), names.size(), pipe), nullptr);
     ASSERT_EQ (pclose (pipe), 0);
-    EXPECT_EQ (names, (std::set<std::string> { kManagerVersionExport, kManagerConnectExport }));
+    EXPECT_EQ (names.data(), std::string (kManagerConnectExport) + ' ' + kManagerVersionExport + '\n');
 }
 
 TEST (ManagerLibraryTest, ServesPodsThroughItsExports)
@@ -29,17 +25,13 @@ TEST (ManagerLibraryTest, ServesPodsThroughItsExports)
     const auto connect = reinterpret_cast<ManagerConnectExport> (dlsym (library, kManagerConnectExport));
     ASSERT_TRUE (version != nullptr && connect != nullptr);
 
-    {
-        TestPod sender, listener;
-        version (nullptr, nullptr, nullptr);
-        connect (&sender, 2);
-        connect (&listener, 2);
-        ASSERT_TRUE (sender.manager != nullptr && sender.manager == listener.manager);
-        EXPECT_STREQ (listener.manager->getPodInfo (sender.id).name, "Track");
-        listener.choose (sender.id);
-        sender.leave();
-        EXPECT_EQ (listener.removals, 1);
-    }
-
-    EXPECT_EQ (dlclose (library), 0);
+    TestPod sender, listener;
+    version (nullptr, nullptr, nullptr);
+    connect (&sender, 2);
+    connect (&listener, 2);
+    ASSERT_TRUE (sender.manager != nullptr && sender.manager == listener.manager);
+    EXPECT_STREQ (listener.manager->getPodInfo (sender.id).name, "Track");
+    listener.choose (sender.id);
+    sender.leave();
+    EXPECT_EQ (listener.removals, 1);
 }

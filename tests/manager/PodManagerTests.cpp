@@ -27,23 +27,21 @@ TEST_F (PodManagerTest, TellsAPodToOthersInTheOrderOfArrival)
         const auto isSender = pod == sender.id;
         const auto info = manager.getPodInfo (pod);
         EXPECT_TRUE (info.valid == 1 && info.typeKey == (isSender ? 1 : kDuoJudgeTypeKey));
-        EXPECT_EQ (info.numChannels, isSender ? 10 : 6);
-        EXPECT_EQ (info.gain, isSender ? 0.75f : 0.5f);
+        EXPECT_TRUE (info.numChannels == (isSender ? 10 : 6) && info.gain == (isSender ? 0.75f : 0.5f));
         EXPECT_STREQ (info.name, isSender ? "Track" : "Own");
     }
 }
 
 TEST_F (PodManagerTest, CutsALongNameBehindAWholeCharacter)
 {
-    const std::string full (131, 'a'), twoBytes = "\xc3\xa9", fourBytes = "\xf0\x9f\x8e\xb5";
-    const std::pair<std::string, std::size_t> cases[] = { { "", 0 },
-                                                          { full + "b", 131 },
-                                                          { full.substr (1) + twoBytes, 130 },
-                                                          { full.substr (2) + twoBytes, 131 },
-                                                          { full.substr (3) + fourBytes, 128 } };
+    constexpr auto twoBytes = "\xc3\xa9", fourBytes = "\xf0\x9f\x8e\xb5";
+    const std::tuple<std::size_t, const char*, std::size_t> cases[] = {
+        { 0, "", 0 }, { 131, "b", 131 }, { 130, twoBytes, 130 }, { 129, twoBytes, 131 }, { 128, fourBytes, 128 }
+    };
 
-    for (const auto& [name, length] : cases)
+    for (const auto& [letters, tail, length] : cases)
     {
+        const auto name = std::string (letters, 'a') + tail;
         TestPod pod (&manager, name);
         manager.setPodName (sender.id, name.c_str());
 
@@ -119,9 +117,15 @@ TEST_F (PodManagerTest, LetsBadCallsChangeNothing)
     EXPECT_TRUE (listener.isLinkedTo (sender) && listener.offers == 0 && refused.manager == nullptr);
     EXPECT_STREQ (manager.getPodInfo (sender.id).name, "Track");
 
-    // Any number may be a position, and the stream still stands at its beginning.
-    manager.writeAudioAt (sender.id, from, 64, std::numeric_limits<std::int64_t>::max());
-    manager.readAudioAt (listener.id, to, 64, sender.id, std::numeric_limits<std::int64_t>::min());
+    // Any number may be a position, on either side, and the stream still stands at its beginning.
+    using Positions = std::numeric_limits<std::int64_t>;
+
+    for (const auto position : { Positions::max(), Positions::min(), Positions::max() - 63, Positions::max() })
+    {
+        manager.writeAudioAt (sender.id, from, 64, position);
+        manager.readAudioAt (listener.id, to, 64, sender.id, ~position);
+    }
+
     manager.readAudio (listener.id, nullptr, 5000, sender.id);
     EXPECT_EQ (target, std::vector<float> (64, 7.0f));
 }

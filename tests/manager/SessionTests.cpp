@@ -2,6 +2,7 @@
 #include "TestPod.h"
 
 #include <atomic>
+#include <map>
 
 using namespace baylink;
 
@@ -13,23 +14,26 @@ struct SessionTest : testing::Test
     TestPod other { &manager }, listener { &manager };
 };
 
-TEST_F (SessionTest, FindsItsLinkWhateverTheOrderOfLoading)
+TEST_F (SessionTest, FindsItsLinkWhateverTheOrderOfLoadingAndFollowsASenderThatIsLoadedAnew)
 {
-    // Connecting and restoring; the sender in capitals.
-    for (const std::string order : { "CRcr", "CcRr", "CcrR", "cCRr", "cCrR", "crCR" })
+    for (const std::string order : { "CRcr", "CcRr", "CcrR", "cCRr", "cCrR", "crCR", "CclXAN", "CclANX", "CcrlRXAN" })
     {
-        TestPod sender, follower;
-
-        for (const auto step : order)
-            if (step == 'C' || step == 'c')
-                manager.connect (step == 'C' ? &sender : &follower, 2);
-            else if (step == 'R')
-                manager.restorePod (&sender, kSaved, "Bass", 2, 0, nullptr);
-            else
-                manager.restorePod (&follower, 1, "", 2, 1, &kSaved);
-
-        EXPECT_TRUE (follower.isLinkedTo (sender) && follower.offers == 1) << order;
-        EXPECT_STREQ (manager.getPodInfo (sender.id).name, "Bass");
+        TestPod sender, anew, follower;
+        const std::map<char, std::function<void()>> steps {
+            { 'C', [&] { manager.connect (&sender, 2); } },
+            { 'R', [&] { manager.restorePod (&sender, kSaved, "Bass", 2, 0, nullptr); } },
+            { 'X', [&] { sender.leave(); } },
+            { 'A', [&] { manager.connect (&anew, 2); } },
+            { 'N', [&] { manager.restorePod (&anew, sender.id, "Bass", 2, 0, nullptr); } },
+            { 'c', [&] { manager.connect (&follower, 2); } },
+            { 'r', [&] { manager.restorePod (&follower, 1, "", 2, 1, &kSaved); } },
+            { 'l', [&] { follower.choose (sender.id); } },   // by itself
+        };
+        std::for_each (order.begin(), order.end(), [&] (char step) { steps.at (step)(); });
+        EXPECT_TRUE (follower.isLinkedTo (anew.manager != nullptr ? anew : sender)) << order;
+        EXPECT_EQ (follower.offers,
+                   std::count_if (order.begin(), order.end(), [] (char c) { return c == 'r' || c == 'N'; }));
+        EXPECT_STREQ (manager.getPodInfo (follower.selected).name, "Bass");
     }
 }
 
@@ -45,32 +49,14 @@ TEST_F (SessionTest, OffersTheSavedPodOverAStopgapButNotOverTheUsersChoiceNorThe
 {
     for (const auto userChooses : { false, true })
     {
-        TestPod stopgap { &manager }, stopgapAgain { &manager }, follower { &manager }, saved;
+        TestPod stopgap { &manager }, stopgapAgain { &manager }, follower { &manager }, saved { &manager };
         manager.restorePod (&follower, 1, "", 2, 1, &kSaved);
         follower.choose (stopgap.id);
         follower.choose (userChooses ? other.id : stopgap.id);
         stopgap.leave();
-        manager.connect (&saved, 2);
         manager.restorePod (&saved, kSaved, "", 2, 0, nullptr);
         manager.restorePod (&stopgapAgain, stopgap.id, "", 0, 0, nullptr);
         EXPECT_TRUE (follower.isLinkedTo (userChooses ? other : saved)) << userChooses;
-    }
-}
-
-TEST_F (SessionTest, FollowsASenderThatIsLoadedAnew)
-{
-    for (const auto newComesFirst : { false, true })
-    {
-        TestPod old { &manager }, follower { &manager }, anew;
-        follower.choose (old.id);
-
-        if (! newComesFirst)
-            old.leave();
-
-        manager.connect (&anew, 2);
-        manager.restorePod (&anew, old.id, "", 0, 0, nullptr);
-        old.leave();
-        EXPECT_TRUE (follower.isLinkedTo (anew) && follower.removals == 1) << newComesFirst;
     }
 }
 
