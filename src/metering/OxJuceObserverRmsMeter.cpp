@@ -3,43 +3,44 @@
 
 #include "platform/Vectorised.h"
 
+#include <numeric>
+
 namespace
 {
 
-/** Sums the squares of `sampleAt (0)` to `sampleAt (numSamples - 1)` in lanes that do not wait for each other; the caller
+using Sums = std::array<float, OxJuceObserverRmsMeter::kNumLanes>;
+
+/** Adds the squares of `sampleAt (0)` to `sampleAt (numSamples - 1)` to sums that do not wait for each other; the caller
     compiles it for its processor. */
 template <typename SampleAt>
-[[gnu::always_inline]] inline float sumInLanes (int numSamples, SampleAt sampleAt)
+[[gnu::always_inline]] inline void addInLanes (Sums& sums, int numSamples, SampleAt sampleAt)
 {
-    constexpr int numLanes = 16;
-    float lanes[numLanes] {};
+    constexpr int numLanes = OxJuceObserverRmsMeter::kNumLanes;
+    float lanes[numLanes];
+    std::copy_n (sums.data(), numLanes, lanes);
     int i = 0;
 
     for (; i + numLanes <= numSamples; i += numLanes)
         for (int lane = 0; lane < numLanes; ++lane)
             lanes[lane] += sampleAt (i + lane) * sampleAt (i + lane);
 
-    for (int width = numLanes / 2; width > 0; width /= 2)
-        for (int lane = 0; lane < width; ++lane)
-            lanes[lane] += lanes[lane + width];
+    for (int lane = 0; i + lane < numSamples; ++lane)
+        lanes[lane] += sampleAt (i + lane) * sampleAt (i + lane);
 
-    for (; i < numSamples; ++i)
-        lanes[0] += sampleAt (i) * sampleAt (i);
-
-    return lanes[0];
+    std::copy_n (lanes, numLanes, sums.data());
 }
 
 DUO_VECTORISED
-float sumSquares (const float* samples, int numSamples)
+void addSquares (Sums& sums, const float* samples, int numSamples)
 {
-    return sumInLanes (numSamples, [=] (int i) { return samples[i]; });
+    addInLanes (sums, numSamples, [=] (int i) { return samples[i]; });
 }
 
 /** Of `first` plus `share` times `second`. */
 DUO_VECTORISED
-float sumSquares (const float* first, const float* second, float share, int numSamples)
+void addSquares (Sums& sums, const float* first, const float* second, float share, int numSamples)
 {
-    return sumInLanes (numSamples, [=] (int i) { return first[i] + share * second[i]; });
+    addInLanes (sums, numSamples, [=] (int i) { return first[i] + share * second[i]; });
 }
 
 }   // namespace
@@ -47,7 +48,7 @@ float sumSquares (const float* first, const float* second, float share, int numS
 void OxJuceObserverRmsMeter::reset()
 {
     OxJuceObserverLevelMeter::reset();
-    sumOfSquares = 0.0f;
+    sumsOfSquares = {};
     samplesInWindow = 0;
     windowLength = kWindowLength;
 }
@@ -68,16 +69,20 @@ void OxJuceObserverRmsMeter::process (const juce::AudioSampleBuffer& block)
     for (int done = 0; done < block.getNumSamples();)
     {
         const auto run = std::min (block.getNumSamples() - done, windowLength - samplesInWindow);
-        sumOfSquares += isPair ? sumSquares (first + done, second + done, signal == mid ? 1.0f : -1.0f, run)
-                               : sumSquares (first + done, run);
+
+        if (isPair)
+            addSquares (sumsOfSquares, first + done, second + done, signal == mid ? 1.0f : -1.0f, run);
+        else
+            addSquares (sumsOfSquares, first + done, run);
 
         samplesInWindow += run;
         done += run;
 
         if (samplesInWindow == windowLength)
         {
+            const auto sumOfSquares = std::accumulate (sumsOfSquares.begin(), sumsOfSquares.end(), 0.0f);
             blockLevel = std::sqrt (scale * sumOfSquares / static_cast<float> (samplesInWindow));
-            sumOfSquares = 0.0f;
+            sumsOfSquares = {};
             samplesInWindow = 0;
         }
     }

@@ -3,17 +3,21 @@
 
 #include "metering/OxJuceObserverLevelMeter.h"
 
+#include <array>
+
 /** RMS meter: the level is that of the latest complete window of 4096 samples, at every sample rate. */
 class OxJuceObserverRmsMeter : public OxJuceObserverLevelMeter
 {
 public:
     static constexpr int kWindowLength = 4096;   // samples
+    static constexpr int kNumLanes = 16;
 
     void reset() override;
     void process (const juce::AudioSampleBuffer& block) override;
 
 private:
     int windowLength = kWindowLength;
-    float sumOfSquares = 0.0f;
+    std::array<float, kNumLanes>
+        sumsOfSquares {};   // each of every sixteenth sample: one would be a chain of additions
     int samplesInWindow = 0;
 };
