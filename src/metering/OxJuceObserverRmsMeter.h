@@ -10,14 +10,13 @@ class OxJuceObserverRmsMeter : public OxJuceObserverLevelMeter
 {
 public:
     static constexpr int kWindowLength = 4096;   // samples
-    static constexpr int kNumLanes = 16;
+    static constexpr int kNumLanes = 32;
 
     void reset() override;
     void process (const juce::AudioSampleBuffer& block) override;
 
 private:
     int windowLength = kWindowLength;
-    std::array<float, kNumLanes>
-        sumsOfSquares {};   // each of every sixteenth sample: one would be a chain of additions
+    std::array<float, kNumLanes> sumsOfSquares {};   // each of every 32nd sample: one would be a chain of additions
     int samplesInWindow = 0;
 };
