@@ -36,15 +36,16 @@ void scale (float* samples, Ramp ramp, int numSamples)
 }
 
 DUO_VECTORISED
-void add (float* destination, const float* source, Ramp ramp, float gain, int numSamples)
+void addPaired (float* destination, const float* source, Ramp ramp, int numSamples)
 {
     for (int i = 0; i < ramp.length; ++i)
-        destination[i] += source[i] * (ramp.start + static_cast<float> (i) * ramp.increment) * gain;
+        destination[i] += source[i] * (ramp.start + static_cast<float> (i) * ramp.increment) * channelRule::kPairGain;
 
     for (int i = ramp.length; i < numSamples; ++i)
-        destination[i] += source[i] * ramp.end * gain;
+        destination[i] += source[i] * ramp.end * channelRule::kPairGain;
 }
 
+/** Of buffers that differ in their number of channels. */
 void addIncoming (juce::AudioSampleBuffer& outgoing, const juce::AudioSampleBuffer& incoming, Ramp ramp)
 {
     const auto from = incoming.getNumChannels(), to = outgoing.getNumChannels();
@@ -54,9 +55,8 @@ void addIncoming (juce::AudioSampleBuffer& outgoing, const juce::AudioSampleBuff
         return;
 
     for (int channel = 0; channel < std::max (from, to); ++channel)
-        add (outgoing.getWritePointer (std::min (channel, to - 1)),
-             incoming.getReadPointer (std::min (channel, from - 1)), ramp, from == to ? 1.0f : channelRule::kPairGain,
-             numSamples);
+        addPaired (outgoing.getWritePointer (std::min (channel, to - 1)),
+                   incoming.getReadPointer (std::min (channel, from - 1)), ramp, numSamples);
 }
 
 }   // namespace
