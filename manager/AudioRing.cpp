@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "AudioRing.h"
 
+#include "platform/SharedWords.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -43,39 +45,21 @@ void forEachPiece (std::int64_t from, int numSamples, Step&& step) noexcept
 
 void copyOut (const std::atomic<std::uint64_t>* word, int parity, float* target, int numSamples) noexcept
 {
-    // Acquire, so that a look at `claimed` after the copy tells of every word that was replaced during it.
-    const auto load = [] (const std::atomic<std::uint64_t>& from) { return from.load (std::memory_order_acquire); };
-
+    // In acquire order, so that a look at `claimed` after the copy tells of every word that was replaced during it.
     if (parity != 0 && numSamples > 0)
     {
-        const auto pair = bitsOf<Pair> (load (*word++));
+        const auto pair = bitsOf<Pair> ((word++)->load (std::memory_order_acquire));
         std::memcpy (target++, &pair.samples[1], sizeof (float));
         --numSamples;
     }
 
-    const auto copyWord = [&] (int index)
-    {
-        const auto loaded = load (word[index]);
-        std::memcpy (target + index * kSamplesPerWord, &loaded, sizeof (loaded));
-    };
+    const auto whole = numSamples / kSamplesPerWord;
+    platform::sharedWords::load (word, target, whole);
 
-    for (constexpr int unrolled = 4; numSamples >= unrolled * kSamplesPerWord; numSamples -= unrolled * kSamplesPerWord)
+    if (numSamples % kSamplesPerWord > 0)
     {
-        copyWord (0);
-        copyWord (1);
-        copyWord (2);
-        copyWord (3);
-        word += unrolled;
-        target += unrolled * kSamplesPerWord;
-    }
-
-    for (; numSamples >= kSamplesPerWord; numSamples -= kSamplesPerWord, target += kSamplesPerWord, ++word)
-        copyWord (0);
-
-    if (numSamples > 0)
-    {
-        const auto pair = bitsOf<Pair> (load (*word));
-        std::memcpy (target, &pair.samples[0], sizeof (float));
+        const auto pair = bitsOf<Pair> (word[whole].load (std::memory_order_acquire));
+        std::memcpy (target + whole * kSamplesPerWord, &pair.samples[0], sizeof (float));
     }
 }
 
@@ -122,15 +106,15 @@ void AudioRing::writeChannel (Word* channel, const float* source, std::int64_t f
                       if (ringIndex % kSamplesPerWord != 0)
                           replace (*word++, 1, index++);
 
-                      for (; index + 1 < last; index += kSamplesPerWord)
-                      {
-                          std::uint64_t value = 0;
+                      const auto whole = (last - index) / kSamplesPerWord;
 
-                          if (source != nullptr)
-                              std::memcpy (&value, source + index, sizeof (value));
+                      if (source != nullptr)
+                          platform::sharedWords::store (source + index, word, whole);
+                      else
+                          std::for_each (word, word + whole, [] (Word& w) { w.store (0, std::memory_order_release); });
 
-                          (word++)->store (value, std::memory_order_release);
-                      }
+                      word += whole;
+                      index += whole * kSamplesPerWord;
 
                       if (index < last)
                           replace (*word, 0, index);

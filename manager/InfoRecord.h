@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/SharedWords.h"
 #include "pod/PodManagerContract.h"
 
 #include <array>
-#include <atomic>
 
 namespace baylink
 {
@@ -23,11 +23,11 @@ public:
     PodInfo read() const noexcept;
 
 private:
-    using Words = std::array<std::uint64_t, sizeof (PodInfo) / sizeof (std::uint64_t)>;
-    static_assert (sizeof (Words) == sizeof (PodInfo));
+    static constexpr int kNumWords = sizeof (PodInfo) / sizeof (platform::sharedWords::Word);
+    static_assert (sizeof (PodInfo) == kNumWords * sizeof (platform::sharedWords::Word));
 
     std::atomic<std::uint32_t> shown { 0 };   // counts up; its lowest bit chooses the copy
-    std::array<std::atomic<std::uint64_t>, std::tuple_size_v<Words>> copies[2] {};
+    std::array<platform::sharedWords::Word, kNumWords> copies[2] {};
 };
 
 }   // namespace baylink

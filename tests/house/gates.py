@@ -8,7 +8,8 @@ FLOORS = {"platform": 0, "resources": 0, "framework": 1, "pod": 1, "engine": 3, 
           "editor": 7, "adapters": 8, "desk": 8, "sender": 8}
 OBSERVERS, DISPLAYS = 1, 5   # the two floors of src/metering
 LOOKS_UP = "src/gui/OxJuceEditorBase.h"
-MANAGER_MAY_SEE = {"src/platform/Relaxed.h", "src/pod/IPod.h", "src/pod/PodManagerContract.h"}
+MANAGER_MAY_SEE = {"src/platform/Relaxed.h", "src/platform/SharedWords.h", "src/pod/IPod.h",
+                   "src/pod/PodManagerContract.h"}
 SYSTEM_HEADERS = re.compile(r"(dlfcn|unistd|pthread|semaphore|fcntl|poll|pwd|sched|signal|dirent|windows)\.h$"
                             r"|(sys|X11|linux|mach)/")
 SYSTEM_MACRO = re.compile(r"^\s*#\s*(if|elif).*\b(__linux__|__unix__|__APPLE__|_WIN32|_WIN64|JUCE_(LINUX|WINDOWS|MAC))\b",
