@@ -3,24 +3,44 @@
 
 #include "Recording.h"
 
-#include "PodSender.h"
-#include "engine/DuoJudgeProcessor.h"
+#include "platform/Relaxed.h"
+
+#include <juce_audio_processors/juce_audio_processors.h>
 
 namespace desk
 {
 
+/** What a host can move of the comparator. */
+enum class Parameter
+{
+    toggleAB,
+    toggleXY,
+    test,
+    choose,
+    endTest,
+    reveal,
+    resume
+};
+
 /** The session of a comparison: recording A on a track with the comparator, recording B on one with the sender.
 
-    Both tracks get the same blocks at the same timeline positions. The one place of the desk that knows what stands on the
-    tracks: all others meet the comparator's parameters, votes and window through it. */
+    Both tracks get the same blocks at the same timeline positions. The plug-ins are the built ones, met as any host meets
+    them: all others in the desk reach the comparator's parameters and window through this class. */
 class ComparisonGraph
 {
 public:
     static constexpr int kBlockSize = 512;   // samples at most
 
-    /** Builds both tracks and links them [message thread]. `material` must outlive the graph. */
-    explicit ComparisonGraph (const Material& material);
+    /** Loads both plug-ins and builds the tracks, which are linked when this returns [message thread].
+        @param material must outlive the graph
+        @param plugins the folder that holds both bundles
+        @returns in one line why it cannot, or success */
+    static juce::Result create (const Material& material, const juce::File& plugins,
+                                std::unique_ptr<ComparisonGraph>& result);
     ~ComparisonGraph();
+
+    /** Where hosts find the plug-ins of this user. */
+    static juce::File getUserPluginFolder();
 
     /** Feeds the next stretch of both recordings and leaves in `output` what the comparator lets out, `getLatency()`
         samples behind [audio thread]. Outside the recordings is silence.
@@ -28,27 +48,26 @@ public:
         @param position the timeline's at the first sample fed, or none while the transport stands */
     void process (juce::AudioSampleBuffer& output, std::optional<juce::int64> position);
 
-    /** Writes a parameter of the comparator as its window would [message thread]. */
-    void writeParameter (duoJudge::ParamId id, float value);
+    /** Moves a parameter of the comparator; the next block knows it [message thread]. */
+    void writeParameter (Parameter parameter, float value);
 
-    /** Sets the selection to a toss of the comparator's coin [message thread]. */
-    void drawSource();
+    /** Presses a button of the comparator and lets it go [message thread]. While another thread processes, the button stays
+        down for a block, so that no block comes to see it down when it is up. */
+    void press (Parameter button);
 
-    /** Lets the comparator follow its parameters and the pods now, without waiting for its timer [message thread]. */
-    void runTimers();
+    /** Sets the level at which B is fed, from the next block fed on [message thread]. */
+    void setGain (float newDecibels) noexcept { decibels = newDecibels; }
 
     /** @returns the comparator's own window, which the caller deletes before the graph, or null if it has none. */
-    juce::AudioProcessorEditor* createEditor();
+    juce::AudioProcessorEditor* createEditor() { return comparator->createEditorIfNeeded(); }
 
-    float readParameter (duoJudge::ParamId id) const;
-    VoteStatistics getVotes() const;
-    bool isVoteFading() const;
+    float readParameter (Parameter parameter) const;
+    float getGain() const noexcept { return decibels; }
 
-    /** Whether a pod manager was found, and whether B's pod is the comparator's source B. */
-    bool hasManager() const { return sender.isConnected(); }
-    bool isLinked() const;
+    /** @returns the samples processed until now [any thread]. */
+    juce::int64 getNumProcessed() const noexcept { return numProcessed; }
 
-    int getLatency() const;
+    int getLatency() const { return comparator->getLatencySamples(); }
     int getNumChannels() const { return material.a.audio.getNumChannels(); }
     const Material& getMaterial() const { return material; }
 
@@ -57,13 +76,27 @@ public:
 
 private:
     class PlayHead;
+    using Plugin = std::unique_ptr<juce::AudioPluginInstance>;
+
+    ComparisonGraph (const Material& materialToPlay, Plugin loadedSender, Plugin loadedComparator);
+
+    juce::Result findParameters();
+    juce::Result prepare (juce::AudioPluginInstance& plugin);
+    juce::Result checkLink();
+    void outlastBlock() const;
 
     const Material& material;
     std::unique_ptr<PlayHead> playHead;
-    PodSender sender;
-    std::unique_ptr<DuoJudgeProcessor> comparator;
-    juce::AudioSampleBuffer senderBlock;   // [audio thread]
+    Plugin sender, comparator;
+    std::vector<juce::AudioProcessorParameter*> parameters;   // in the order of `Parameter`
+    juce::AudioSampleBuffer senderBlock;                      // [audio thread]
     juce::MidiBuffer noMidi;
+    Relaxed<float> decibels = 0.0f;   // of B; written by the message thread
+
+    // Written by the thread that processes.
+    Relaxed<juce::int64> numProcessed = 0;
+    Relaxed<int> numBlocks = 0;
+    Relaxed<juce::Thread::ThreadID> processingThread = nullptr;
 };
 
 }   // namespace desk

@@ -23,9 +23,7 @@ juce::Result DeskOptions::parse (const juce::StringArray& arguments, DeskOptions
     {
         const char* name;
         juce::File& file;
-    } named[] { { "--render", options.output },
-                { "--script", options.script },
-                { "--manager-folder", options.managerFolder } };
+    } named[] { { "--render", options.output }, { "--script", options.script }, { "--plugins", options.plugins } };
 
     for (int i = 0; i < arguments.size(); ++i)
     {
@@ -73,21 +71,20 @@ juce::Result DeskOptions::parse (const juce::StringArray& arguments, DeskOptions
 
 juce::String DeskOptions::getUsage()
 {
-    return R"(usage: duojudge-desk A B [--render OUT.wav [--script FILE]] [--manager-folder DIR]
+    return R"(usage: duojudge-desk A B [--render OUT.wav [--script FILE]] [--plugins DIR]
 
 Compares the sound files A and B by ear: WAV, AIFF, FLAC or Ogg Vorbis, mono or stereo.
 
 Opens a window that plays both in step, or with --render, and then without a display,
 writes the comparison to a file of A's length, sample-aligned with A.
 
-  --render OUT.wav      write to OUT.wav, 32-bit float, instead of opening a window
-  --script FILE         act as FILE says: one "SECONDS ACTION [ARGUMENT]" a line, # begins a comment
-                            select A|B    test    flip X|Y    choose
-                            reveal        resume  end         gain DB
-                        without it a sequence over the length of A is made up and printed
-  --manager-folder DIR  find "ORVEX Audio/ORVEX BayLinkLib 64bit.dll" in DIR instead of the
-                        folders of this user and this machine
-  --help                show this
+  --render OUT.wav    write to OUT.wav, 32-bit float, instead of opening a window
+  --script FILE       act as FILE says: one "SECONDS ACTION [ARGUMENT]" a line, # begins a comment
+                          select A|B    test    flip X|Y    choose
+                          reveal        resume  end         gain DB
+                      without it a sequence over the length of A is made up and printed
+  --plugins DIR       take DuoJudge.vst3 and BayLinkSend.vst3 from DIR instead of ~/.vst3
+  --help              show this
 
 Keys of the window: space plays and stops, A B X Y listen, Enter chooses, R reveals, E ends.
 The exit status is 0, or 2 after an error, which is told in one line.

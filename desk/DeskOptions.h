@@ -10,9 +10,9 @@ namespace desk
 struct DeskOptions
 {
     juce::File fileA, fileB;
-    juce::File output;          // with `renders`
-    juce::File script;          // none: the default sequence
-    juce::File managerFolder;   // none: where the manager is installed
+    juce::File output;    // with `renders`
+    juce::File script;    // none: the default sequence
+    juce::File plugins;   // none: the user's own
     bool renders = false;
     bool showsHelp = false;
 

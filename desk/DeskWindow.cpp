@@ -9,32 +9,42 @@ using namespace look;
 namespace
 {
 
-constexpr int kWidth = 640;
+constexpr int kLeastWidth = 640;
 
 }   // namespace
 
 DeskContent::DeskContent (ComparisonGraph& graph, LiveDevice& device) :
-    material (graph.getMaterial()), output (device), player (graph, device), judging (graph.createEditor()),
-    transport (player, material.getSampleRate(), material.getNumSamples())
+    material (graph.getMaterial()), output (device), player (graph, device), comparator (graph.createEditor()),
+    panel (graph), transport (player, material.getSampleRate(), material.getNumSamples())
 {
-    auto judgingHeight = JudgePanel::getPreferredHeight();
-
-    if (judging != nullptr)
+    if (comparator != nullptr)
     {
-        judgingHeight = judging->getHeight();
-    }
-    else
-    {
-        panel = new JudgePanel (graph);
-        judging.reset (panel);
+        // The keys are the desk's.
+        comparator->setWantsKeyboardFocus (false);
+        addAndMakeVisible (*comparator);
     }
 
-    addAndMakeVisible (*judging);
+    addAndMakeVisible (panel);
     addAndMakeVisible (transport);
     setWantsKeyboardFocus (true);
-    setSize (kWidth, kMargin + kTextHeight + kGap + judgingHeight + kGap + kRowHeight + kGap + kTextHeight + kGap);
+    fit();
     timerCallback();
     startTimer (200);   // milliseconds
+}
+
+/** The comparator's window has the size that it likes. */
+void DeskContent::fit()
+{
+    const auto width = comparator != nullptr ? comparator->getWidth() + 2 * kMargin : 0;
+    const auto height = comparator != nullptr ? comparator->getHeight() + kGap : 0;
+    setSize (std::max (kLeastWidth, width), kMargin + kTextHeight + kGap + height + JudgePanel::getPreferredHeight() +
+                                                kGap + kRowHeight + kGap + kTextHeight + kGap);
+}
+
+void DeskContent::childBoundsChanged (juce::Component* child)
+{
+    if (child == comparator.get() && child != nullptr)
+        fit();
 }
 
 /** The device may come, go and change its rate while the window is open. */
@@ -80,16 +90,16 @@ void DeskContent::resized()
     transport.setBounds (area.removeFromBottom (kRowHeight));
     area.removeFromBottom (kGap);
 
-    if (panel != nullptr)
-        judging->setBounds (area);
-    else
-        judging->setTopLeftPosition (area.getCentreX() - judging->getWidth() / 2, area.getY());
+    panel.setBounds (area.removeFromBottom (JudgePanel::getPreferredHeight()));
+
+    if (comparator != nullptr)
+        comparator->setTopLeftPosition (area.getCentreX() - comparator->getWidth() / 2, area.getY());
 }
 
 bool DeskContent::keyPressed (const juce::KeyPress& key)
 {
     if (key != juce::KeyPress::spaceKey)
-        return panel != nullptr && panel->actOnKey (key);
+        return panel.actOnKey (key);
 
     transport.togglePlaying();
     return true;

@@ -9,7 +9,7 @@
 namespace desk
 {
 
-/** What stands in the window: the two sources, the comparator's own window or the desk's buttons, and the transport. */
+/** What stands in the window: the two sources, the comparator's own window, the desk's buttons and the transport. */
 class DeskContent : public juce::Component, private juce::Timer
 {
 public:
@@ -17,18 +17,20 @@ public:
 
     void paint (juce::Graphics& g) override;
     void resized() override;
+    void childBoundsChanged (juce::Component* child) override;
     bool keyPressed (const juce::KeyPress& key) override;
 
 private:
     void timerCallback() override;
+    void fit();
     static void paintSource (juce::Graphics& g, juce::Rectangle<int> area, const Recording& recording, bool isA);
 
     const Material& material;
     const LiveDevice& output;
     juce::String outputText;   // as last painted
     LivePlayer player;
-    std::unique_ptr<juce::Component> judging;   // the comparator's window or `panel`
-    JudgePanel* panel = nullptr;                // null beside a comparator with a window
+    std::unique_ptr<juce::AudioProcessorEditor> comparator;   // its window, null if it has none
+    JudgePanel panel;
     TransportBar transport;
 };
 

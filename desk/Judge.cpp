@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "Judge.h"
 
+#include <cmath>
+
 namespace desk
 {
 
@@ -11,19 +13,8 @@ bool Judge::canPerform (Kind kind) const
     if (! Action::getViewAfter (view, kind).has_value())
         return false;
 
-    switch (kind)
-    {
-        case Kind::selectA:
-        case Kind::selectB:
-        case Kind::startTest:
-            return graph.isLinked();
-        case Kind::flipX:
-        case Kind::flipY:
-        case Kind::choose:
-            return ! graph.isVoteFading();
-        default:
-            return true;
-    }
+    const auto meetsFade = kind == Kind::flipX || kind == Kind::flipY || kind == Kind::choose;
+    return ! meetsFade || graph.getNumProcessed() >= fadeEnd;
 }
 
 bool Judge::perform (const Action& action)
@@ -37,32 +28,32 @@ bool Judge::perform (const Action& action)
     {
         case Kind::selectA:
         case Kind::selectB:
-            graph.writeParameter (duoJudge::ToggleAB, action.kind == Kind::selectB ? 1.0f : 0.0f);
+            select (action.kind == Kind::selectB);
             break;
         case Kind::startTest:
-            press (duoJudge::Test);
+            graph.press (Parameter::test);
             break;
         case Kind::flipX:
         case Kind::flipY:
-            graph.writeParameter (duoJudge::ToggleXY, action.kind == Kind::flipY ? 1.0f : 0.0f);
+            graph.writeParameter (Parameter::toggleXY, action.kind == Kind::flipY ? 1.0f : 0.0f);
             break;
         case Kind::choose:
-            press (duoJudge::Choose);
+            castVote();
             break;
         case Kind::reveal:
-            press (duoJudge::Reveal);
+            graph.press (Parameter::reveal);
             selectWinner();
             break;
         case Kind::resume:
-            press (duoJudge::Resume);
-            graph.drawSource();
+            graph.press (Parameter::resume);
+            select (juce::Random::getSystemRandom().nextBool());
             break;
         case Kind::end:
-            press (duoJudge::EndTest);
+            graph.press (Parameter::endTest);
+            votesForA = votesForB = 0;
             break;
         case Kind::gain:
-            graph.writeParameter (duoJudge::SendGain, action.decibels / (2.0f * kMaxGain) + 0.5f);
-            graph.runTimers();
+            graph.setGain (action.decibels);
             break;
     }
 
@@ -71,12 +62,7 @@ bool Judge::perform (const Action& action)
 
 bool Judge::isFirstLit() const
 {
-    return graph.readParameter (view == View::test ? duoJudge::ToggleXY : duoJudge::ToggleAB) == 0.0f;
-}
-
-float Judge::getGain() const
-{
-    return (graph.readParameter (duoJudge::SendGain) - 0.5f) * 2.0f * kMaxGain;
+    return graph.readParameter (view == View::test ? Parameter::toggleXY : Parameter::toggleAB) == 0.0f;
 }
 
 juce::String Judge::describeVotes() const
@@ -89,10 +75,17 @@ juce::String Judge::describeVotes() const
            share ("A", votes.votesForA, votes.percentA) + ", " + share ("B", votes.votesForB, votes.percentB);
 }
 
-void Judge::press (duoJudge::ParamId button)
+/** The comparator counts a vote for what it plays when the button comes up. */
+void Judge::castVote()
 {
-    graph.writeParameter (button, 1.0f);
-    graph.writeParameter (button, 0.0f);
+    auto& votes = graph.readParameter (Parameter::toggleAB) == 0.0f ? votesForA : votesForB;
+    graph.press (Parameter::choose);
+    votes += 1;
+
+    // The sound fades out and in, begins each way with a block, and the first of them may be yet to come.
+    constexpr auto fadeLength = 0.1;   // seconds
+    const auto fadeSamples = std::llround (fadeLength * graph.getMaterial().getSampleRate());
+    fadeEnd = graph.getNumProcessed() + fadeSamples + 3 * ComparisonGraph::kBlockSize;
 }
 
 void Judge::selectWinner()
@@ -100,7 +93,7 @@ void Judge::selectWinner()
     const auto votes = getVotes();
 
     if (votes.percentA != votes.percentB)
-        graph.writeParameter (duoJudge::ToggleAB, votes.percentA > votes.percentB ? 0.0f : 1.0f);
+        select (votes.percentB > votes.percentA);
 }
 
 }   // namespace desk

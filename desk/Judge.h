@@ -4,18 +4,19 @@
 #include "Action.h"
 #include "ComparisonGraph.h"
 
+#include "engine/VoteStatistics.h"
+
 namespace desk
 {
 
-/** The listener's side of a comparison: turns actions into what the comparator's buttons write, and keeps the view.
-    All on the message thread. */
+/** The listener's side of a comparison: turns actions into what the comparator's buttons write, and keeps the view and
+    the votes, which the comparator tells no host. All on the message thread. */
 class Judge
 {
 public:
     explicit Judge (ComparisonGraph& comparison) : graph (comparison) {}
 
-    /** @returns false where the view does not offer the action, or the comparator is not ready for it: without a pod
-        there is nothing to compare, and while a vote fades no other can be cast. */
+    /** @returns false where the view does not offer the action, or a vote still fades: then no other can be cast. */
     bool canPerform (Action::Kind kind) const;
 
     /** Does what can be performed. @returns whether it was */
@@ -26,18 +27,20 @@ public:
     /** Which source or label is lit: that of A and X, or that of B and Y. */
     bool isFirstLit() const;
 
-    float getGain() const;   // decibels
-    VoteStatistics getVotes() const { return graph.getVotes(); }
+    VoteStatistics getVotes() const noexcept { return { votesForA + votesForB, votesForA, votesForB }; }
 
     /** "4 votes: A 3 (75 %), B 1 (25 %)" */
     juce::String describeVotes() const;
 
 private:
-    void press (duoJudge::ParamId button);
+    void select (bool isB) { graph.writeParameter (Parameter::toggleAB, isB ? 1.0f : 0.0f); }
+    void castVote();
     void selectWinner();
 
     ComparisonGraph& graph;
     View view = View::normal;
+    int votesForA = 0, votesForB = 0;
+    juce::int64 fadeEnd = 0;   // of the last vote, in samples processed
 };
 
 }   // namespace desk

@@ -36,7 +36,7 @@ const JudgePanel::Faces& JudgePanel::getFaces (View view)
     return view == View::normal ? normal : view == View::test ? test : results;
 }
 
-JudgePanel::JudgePanel (ComparisonGraph& graph) : judge (graph)
+JudgePanel::JudgePanel (ComparisonGraph& comparison) : graph (comparison), judge (comparison)
 {
     for (std::size_t place = 0; place < buttons.size(); ++place)
     {
@@ -63,7 +63,7 @@ JudgePanel::JudgePanel (ComparisonGraph& graph) : judge (graph)
     addLabel (gainValue, kTextSize, juce::Justification::centredRight, kText);
     addLabel (result, kLargeTextSize, juce::Justification::centred, kText);
     addLabel (counts, kTextSize, juce::Justification::centred, kFaintText);
-    gainName.setText ("Send gain of B", juce::dontSendNotification);
+    gainName.setText ("Gain of B", juce::dontSendNotification);
 
     addAndMakeVisible (gain);
     gain.setRange (-kMaxGain, kMaxGain, 0.1);
@@ -167,9 +167,9 @@ void JudgePanel::refresh()
         part->setVisible (view == View::results);
 
     if (! gain.isMouseButtonDown())
-        gain.setValue (judge.getGain(), juce::dontSendNotification);
+        gain.setValue (graph.getGain(), juce::dontSendNotification);
 
-    gainValue.setText (describeGain (judge.getGain()), juce::dontSendNotification);
+    gainValue.setText (describeGain (graph.getGain()), juce::dontSendNotification);
 
     const auto votes = judge.getVotes();
     const auto share = juce::String (votes.percentA > votes.percentB ? votes.percentA : votes.percentB) + " %";

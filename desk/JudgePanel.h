@@ -10,11 +10,11 @@
 namespace desk
 {
 
-/** The buttons of a comparison in its three views, its send gain, and a line that says what is going on. */
+/** The buttons of a comparison in its three views, the gain of B, and a line that says what is going on. */
 class JudgePanel : public juce::Component, private juce::Timer
 {
 public:
-    explicit JudgePanel (ComparisonGraph& graph);
+    explicit JudgePanel (ComparisonGraph& comparison);
 
     /** Does what a key stands for, if the view offers it. @returns whether the key stands for anything */
     bool actOnKey (const juce::KeyPress& key);
@@ -49,6 +49,7 @@ private:
     juce::String describeState() const;
     void timerCallback() override { refresh(); }
 
+    const ComparisonGraph& graph;
     Judge judge;
     std::array<juce::TextButton, numPlaces> buttons;
     juce::Label status, gainName, gainValue, result, counts;

@@ -66,11 +66,9 @@ void LivePlayer::audioDeviceStopped()
 
 void LivePlayer::timerCallback()
 {
-    // The comparator lets waiting timers through while it is at work on this thread.
-    if (deviceRuns || isInTurn)
+    if (deviceRuns)
         return;
 
-    const juce::ScopedValueSetter<bool> turn (isInTurn, true);
     const auto now = juce::Time::getMillisecondCounterHiRes();
     const auto elapsed = std::min (kLongestCatchUp, (now - silentSince) / 1000.0);
     silentSince = now;

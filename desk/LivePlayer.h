@@ -66,7 +66,6 @@ private:
 
     // Of the timer, which plays in silence.
     double silentSince = 0.0;   // milliseconds, of its last turn
-    bool isInTurn = false;
 };
 
 }   // namespace desk

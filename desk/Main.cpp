@@ -33,25 +33,20 @@ juce::Result loadScript (const juce::File& file, Script& script)
     return parsed.wasOk() ? parsed : juce::Result::fail (file.getFileName() + ", " + parsed.getErrorMessage());
 }
 
-juce::Result findManager (const DeskOptions& options)
+/** The plug-ins load the manager, and say less of it. */
+juce::Result findManager()
 {
     const juce::String file ("ORVEX Audio/ORVEX BayLinkLib 64bit.dll");
 
     if (juce::File (platform::findCommonProgramFilesFolder (file)).getChildFile (file).existsAsFile())
         return juce::Result::ok();
 
-    const auto folders = options.managerFolder != juce::File() ? options.managerFolder.getFullPathName()
-                                                               : juce::String ("~/.local/lib or /usr/local/lib");
-    return juce::Result::fail ("no pod manager: there is no \"" + file + "\" in " + folders);
+    return juce::Result::fail ("no pod manager: there is no \"" + file + "\" in ~/.local/lib or /usr/local/lib");
 }
 
-juce::Result checkLink (const ComparisonGraph& graph)
+juce::File getPluginFolder (const DeskOptions& options)
 {
-    if (graph.isLinked())
-        return juce::Result::ok();
-
-    return juce::Result::fail (graph.hasManager() ? "the pod manager does not link the two tracks"
-                                                  : "the pod manager does not load");
+    return options.plugins != juce::File() ? options.plugins : ComparisonGraph::getUserPluginFolder();
 }
 
 void describeMaterial (const Material& material)
@@ -91,10 +86,10 @@ int renderToFile (const DeskOptions& options)
     else if (const auto fits = script.checkLength (seconds); fits.failed())
         return refuse (options.script.getFileName() + ", " + fits.getErrorMessage());
 
-    ComparisonGraph graph (material);
+    std::unique_ptr<ComparisonGraph> graph;
 
-    if (const auto linked = checkLink (graph); linked.failed())
-        return refuse (linked.getErrorMessage());
+    if (const auto made = ComparisonGraph::create (material, getPluginFolder (options), graph); made.failed())
+        return refuse (made.getErrorMessage());
 
     describeMaterial (material);
 
@@ -102,7 +97,7 @@ int renderToFile (const DeskOptions& options)
         std::cout << "No script is given; this one is followed:\n" << script.toString();
 
     ProgressLine progress (std::cout, platform::isStandardOutputATerminal());
-    const auto written = OfflineRender (graph, script, progress).writeTo (options.output);
+    const auto written = OfflineRender (*graph, script, progress).writeTo (options.output);
     return written.wasOk() ? 0 : refuse (written.getErrorMessage());
 }
 
@@ -122,13 +117,13 @@ int openWindow (const DeskOptions& options)
     if (const auto loaded = Material::load (options.fileA, options.fileB, rate, material); loaded.failed())
         return refuse (loaded.getErrorMessage());
 
-    ComparisonGraph graph (material);
+    std::unique_ptr<ComparisonGraph> graph;
 
-    if (const auto linked = checkLink (graph); linked.failed())
-        return refuse (linked.getErrorMessage());
+    if (const auto made = ComparisonGraph::create (material, getPluginFolder (options), graph); made.failed())
+        return refuse (made.getErrorMessage());
 
     describeMaterial (material);
-    DeskWindow window (graph, device);
+    DeskWindow window (*graph, device);
     juce::MessageManager::getInstance()->runDispatchLoop();
     return 0;
 }
@@ -154,12 +149,8 @@ int main (int argc, char* argv[])
     }
 
     const juce::ScopedJuceInitialiser_GUI toolkit;
-    std::optional<platform::ScopedCommonProgramFilesFolder> managerFolder;
 
-    if (options.managerFolder != juce::File())
-        managerFolder.emplace (options.managerFolder);
-
-    if (const auto found = findManager (options); found.failed())
+    if (const auto found = findManager(); found.failed())
         return refuse (found.getErrorMessage());
 
     try

@@ -1,17 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "OfflineRender.h"
 
-#include <tuple>
-
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 namespace desk
 {
 
-OfflineRender::OfflineRender (ComparisonGraph& comparison, const Script& scriptToFollow, ProgressLine& progressLine) :
-    graph (comparison), judge (comparison), script (scriptToFollow), progress (progressLine)
+OfflineRender::OfflineRender (ComparisonGraph& comparison, const Script& script, ProgressLine& progressLine) :
+    graph (comparison), judge (comparison), progress (progressLine)
 {
+    // What is fed now comes out a latency later, and the gain belongs to what is fed.
+    for (const auto& line : script.lines)
+    {
+        const auto heard = std::llround (line.seconds * graph.getMaterial().getSampleRate());
+        schedule.push_back ({ line.action.kind == Action::Kind::gain ? heard - graph.getLatency() : heard, &line });
+    }
+
+    std::stable_sort (schedule.begin(), schedule.end(),
+                      [] (const Due& first, const Due& second) { return first.position < second.position; });
 }
 
 juce::Result OfflineRender::checkOutput (const juce::File& output)
@@ -65,11 +74,10 @@ bool OfflineRender::render (juce::AudioFormatWriter& writer)
 
     for (auto position = -latency; position < length;)   // of the output
     {
-        const auto end = position < 0 ? 0 : std::min (length, performActionsDue (position));
+        const auto end = std::min (position < 0 ? 0 : length, performActionsDue (position));
         const auto numSamples = static_cast<int> (std::min<juce::int64> (ComparisonGraph::kBlockSize, end - position));
 
         juce::AudioSampleBuffer block (store.getArrayOfWritePointers(), store.getNumChannels(), numSamples);
-        graph.runTimers();
         graph.process (block, position + latency);
 
         if (position >= 0 && ! writer.writeFromAudioSampleBuffer (block, 0, numSamples))
@@ -85,17 +93,14 @@ bool OfflineRender::render (juce::AudioFormatWriter& writer)
 /** @returns the position of the next action to come. */
 juce::int64 OfflineRender::performActionsDue (juce::int64 outputPosition)
 {
-    const auto rate = static_cast<double> (graph.getMaterial().getSampleRate());
-
-    for (; nextLine < script.lines.size(); ++nextLine)
+    for (; numDone < schedule.size(); ++numDone)
     {
-        const auto& line = script.lines[nextLine];
-        const auto due = static_cast<juce::int64> (std::llround (line.seconds * rate));
+        const auto& [due, line] = schedule[numDone];
 
         if (due > outputPosition)
             return due;
 
-        perform (line);
+        perform (*line);
     }
 
     return std::numeric_limits<juce::int64>::max();
@@ -105,7 +110,9 @@ void OfflineRender::perform (const Script::Line& line)
 {
     auto text = describeTime (line.seconds).paddedLeft (' ', 11) + "  " + line.action.toString();
 
-    if (! judge.perform (line.action))
+    if (line.action.kind == Action::Kind::gain)
+        graph.setGain (line.action.decibels);
+    else if (! judge.perform (line.action))
         text << ": passed over, the last vote is still fading";
     else if (line.action.kind == Action::Kind::reveal)
         text << ": " << judge.describeVotes();

@@ -15,7 +15,8 @@ namespace desk
 class OfflineRender
 {
 public:
-    OfflineRender (ComparisonGraph& comparison, const Script& scriptToFollow, ProgressLine& progressLine);
+    /** @param script must outlive the render */
+    OfflineRender (ComparisonGraph& comparison, const Script& script, ProgressLine& progressLine);
 
     /** @returns success when `output` looks like a place to write to, to be asked before long work. */
     static juce::Result checkOutput (const juce::File& output);
@@ -29,11 +30,17 @@ private:
     juce::int64 performActionsDue (juce::int64 outputPosition);
     void perform (const Script::Line& line);
 
+    struct Due
+    {
+        juce::int64 position;   // of the output
+        const Script::Line* line;
+    };
+
     ComparisonGraph& graph;
     Judge judge;
-    const Script& script;
     ProgressLine& progress;
-    std::size_t nextLine = 0;
+    std::vector<Due> schedule;   // in the order of position
+    std::size_t numDone = 0;
 };
 
 }   // namespace desk

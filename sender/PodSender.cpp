@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "PodSender.h"
 
+#include <algorithm>
+#include <array>
+
 namespace
 {
 
@@ -25,6 +28,28 @@ void PodSender::setName (const juce::String& podName)
 
     if (manager != nullptr)
         manager->setPodName (id, name.toRawUTF8());
+}
+
+void PodSender::restore (baylink::PodId savedId)
+{
+    if (manager != nullptr && savedId != baylink::kNoPod)
+        manager->restorePod (this, savedId, "", 0, 0, nullptr);
+}
+
+int PodSender::countListeners()
+{
+    if (manager == nullptr)
+        return 0;
+
+    using PodIdList = std::array<baylink::PodId, baylink::kMaxPods>;
+    PodIdList pods, linked;
+    const auto numPods = manager->getPodIds (pods.data());
+    const auto hearsThis = [&] (baylink::PodId pod)
+    {
+        const auto numLinked = manager->getLinkedPods (linked.data(), pod);
+        return std::find (linked.begin(), linked.begin() + numLinked, id) != linked.begin() + numLinked;
+    };
+    return static_cast<int> (std::count_if (pods.begin(), pods.begin() + numPods, hearsThis));
 }
 
 void PodSender::prepare (int numChannels, int blockSize)

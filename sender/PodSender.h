@@ -24,6 +24,13 @@ public:
     bool isConnected() const noexcept { return manager != nullptr; }
     void setName (const juce::String& podName);
 
+    /** Lets links of saved sessions that name `savedId` mean this pod, which keeps its name [any thread but the audio
+        thread]. Listeners that were waiting for it are told before this returns. */
+    void restore (baylink::PodId savedId);
+
+    /** @returns how many pods are linked to this one now [any thread but the audio thread]. */
+    int countListeners();
+
     /** Makes room for blocks of 1 to `baylink::kMaxPodChannels` channels [not while audio runs]. */
     void prepare (int numChannels, int blockSize);
 

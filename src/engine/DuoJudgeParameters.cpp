@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The parameter table of the product: keys, names, defaults, texts and properties.
 #include "engine/DuoJudgeProcessor.h"
+#include "framework/HostType.h"
 
 using namespace duoJudge;
 
@@ -113,12 +114,15 @@ const juce::String DuoJudgeProcessor::getParameterName (int paramId)
 
 const juce::String DuoJudgeProcessor::getParameterText (int paramId)
 {
+    return getTextOfValue (paramId, parameter (paramId).value);
+}
+
+juce::String DuoJudgeProcessor::getTextOfValue (int paramId, float value)
+{
     const auto* const row = findRow (paramId);
 
     if (row == nullptr)
         return {};
-
-    const float value = parameter (paramId).value;
 
     switch (row->text)
     {
@@ -151,7 +155,7 @@ juce::String DuoJudgeProcessor::getRoutingText (const juce::StringArray& names)
 
 bool DuoJudgeProcessor::isParameterAutomatable (int paramId) const
 {
-    return ! isHostSetup (paramId) && paramId != kNoParam;
+    return ! isHostSetup (paramId) && (paramId != kNoParam || isProTools());
 }
 
 bool DuoJudgeProcessor::isParameterHostVisible (int paramId) const

@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/DuoJudgeProcessor.h"
 
+#include "framework/HostType.h"
 #include "framework/Settings.h"
 
 using namespace duoJudge;
+
+const ProductNames& getProductNames() noexcept
+{
+    static constexpr ProductNames names { "DuoJudge_1", "DuoJudge", "Duo Judge", "1.1.2.0" };
+    return names;
+}
 
 DuoJudgeProcessor::DuoJudgeProcessor (int typeOfWrapper) : OxJuceProcessorBase (typeOfWrapper)
 {
@@ -38,7 +45,8 @@ void DuoJudgeProcessor::initialiseProduct()
     clearVotes();
     setInstanceName ({});
     nameChanged = false;
-    detectTimestamps = true;
+    const auto host = getHostType();
+    detectTimestamps = ! hostType::isAnyWavelab (host) && host != hostType::premiere;
     connect (2);
 }
 

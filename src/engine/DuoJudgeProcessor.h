@@ -6,6 +6,7 @@
 #include "engine/VoteFade.h"
 #include "engine/VoteStatistics.h"
 #include "framework/OxJuceProcessorBase.h"
+#include "framework/ProductNames.h"
 #include "metering/OxJuceObserverRmsMeter.h"
 #include "pod/OxJucePodUser.h"
 
@@ -76,15 +77,19 @@ public:
     baylink::PodId getSelectedPodId() const noexcept { return selectedPodId; }
     bool isVoteFadeActive() const noexcept { return voteFadeActive; }
 
+    /** What `getParameterText` would say if the parameter held `value`; a code in force (routing, frame rate, map version)
+        is told as it is. */
+    juce::String getTextOfValue (int paramId, float value);
+
     /** The level observers 0 to 3: channel 0 own and pod signal, channel 1 own and pod signal. */
     OxJuceObserverRmsMeter& getMeter (int index) noexcept { return meters[static_cast<std::size_t> (index)]; }
 
     Relaxed<bool> nameChanged = false;   // a stored name was read; the editor clears it after showing the name
 
-    static juce::String getSettingsName() { return "DuoJudge_1"; }
-    static juce::String getShortName() { return "DuoJudge"; }
-    static juce::String getDisplayName() { return "Duo Judge"; }
-    static juce::String getVersion() { return "1.1.2.0"; }
+    static juce::String getSettingsName() { return getProductNames().settings; }
+    static juce::String getShortName() { return getProductNames().brief; }
+    static juce::String getDisplayName() { return getProductNames().display; }
+    static juce::String getVersion() { return getProductNames().version; }
 
     // juce::AudioProcessor
     const juce::String getName() const override { return "ORVEX DuoJudge"; }

@@ -51,6 +51,8 @@ OxJuceProcessorBase::OxJuceProcessorBase (int typeOfWrapper) :
     profilerItems[2].showFrequency = true;
     syncDelayLines();
     ++instanceCount;
+
+    // No version reads as 1.0, which stands for 1000: with this default it tells that none is stored yet.
     persistentMapVersionFound = readSettingFloat ("PersistentParamMapVersion", 1.0) != 1.0f;
 }
 

@@ -93,7 +93,8 @@ public:
     // Undo ------------------------------------------------------------------------------------------------------------
 
     /** Performs an action, which is owned from here on, under the undo lock [any thread]. An action that comes up while an
-        undo or redo writes its parameters is dropped: the history holds its result already. */
+        undo or redo writes its parameters, or a load of a state on the same thread, is dropped: the history or the state
+        holds its result already. */
     bool performUndoable (juce::UndoableAction* action);
 
     // Offline passes --------------------------------------------------------------------------------------------------
@@ -102,6 +103,23 @@ public:
         the number of samples since the pass was prepared; the timer's work runs before each chunk. */
     void renderOfflineInChunks (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi);
     void analyseOfflineInChunks (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi);
+
+    // Saved state: none of these runs on the audio thread, and bytes of any kind are let come -------------------------
+
+    /** The state without the product's binary block. A load that finds no state in the bytes changes no parameter. */
+    void saveXmlState (juce::MemoryBlock& block);
+    void loadXmlState (const void* data, int size);
+
+    /** The state of a format whose hosts may hand over what an earlier version stored in its own way [any thread of the
+        host]: such bytes are kept, and saved again until the user agrees to lose them. */
+    void loadStream (const void* data, std::size_t size);
+    void saveStream (juce::MemoryBlock& dest);
+
+    /** Asks the user, once in the life of this processor, whether the bytes of an earlier version may be lost. */
+    void warnIncompatibleState();
+
+    /** Converts parameters of older versions, and warns of newer ones [message thread, at each refresh of the editor]. */
+    void checkParamMapVersionCompatibility();
 
     /** The private command entry [any thread of the host]: 0 for a wrong magic or an unknown opcode.
         @param pointer what it points to depends on the opcode; null is let pass */
@@ -112,6 +130,9 @@ public:
 
     /** @returns how many processors live in this process. */
     static int getInstanceCount() noexcept;
+
+    /** How requests to the maker's server name the format, like "WIN_VST3". */
+    juce::String getPlatformTag() const { return "WIN_" + pluginTypeName; }
 
     // juce::AudioProcessor --------------------------------------------------------------------------------------------
 
@@ -153,8 +174,8 @@ public:
     const juce::String getProgramName (int index) override;
     void changeProgramName (int index, const juce::String& name) override;
 
-    void getStateInformation (juce::MemoryBlock&) override {}
-    void setStateInformation (const void*, int) override {}
+    void getStateInformation (juce::MemoryBlock& dest) override;
+    void setStateInformation (const void* data, int size) override;
     void getCurrentProgramStateInformation (juce::MemoryBlock& dest) override { getStateInformation (dest); }
     void setCurrentProgramStateInformation (const void* data, int size) override { setStateInformation (data, size); }
 
@@ -279,6 +300,12 @@ public:
     std::array<OxJuceProfilerItem, 4> profilerItems;   // audio block, timer, render, GUI update
     bool isVenueVersion = false;
 
+    Relaxed<bool> stateRestored = false;          // a host has handed over a state, of whatever kind
+    Relaxed<bool> paramMapVersionFound = false;   // the state loaded last had a map version
+    Relaxed<bool> loadedFromPrev = false;         // this session came from an earlier version's format
+    Relaxed<bool> prevStateStored = false;        // `prevState` holds what that version stored
+    Relaxed<bool> incompatibleWarned = false;     // the user was asked what becomes of it
+
     /** Log every parameter write of a host, in the whole process. */
     static Relaxed<bool> logParameterChanges;
 
@@ -288,6 +315,11 @@ protected:
     void addNormalParam (const char* key, int id, float value);
     void addPersistentParam (const char* key, int id, float value);
     void addTransientParam (const char* key, int id, float value);
+
+    /** Shows a box and returns at once [any thread].
+        @param answered told on the message thread whether OK was pressed, perhaps when this processor is gone, and never
+                        where there is no screen; null for a box with nothing to choose */
+    virtual void showBox (const juce::String& title, const juce::String& text, std::function<void (bool ok)> answered);
 
     /** Loads the stored defaults, fills and names the programs, and shows every parameter to the hooks once. */
     void finishConstruction();
@@ -308,6 +340,9 @@ private:
     int getCurrentProgramIndex() const noexcept;
     void copyRoutingToDefault (float value);
     void fillPrograms();
+    void saveProgram (int index, juce::XmlElement& xml);
+    void loadRoot (const juce::XmlElement& root);
+    void loadProgram (int index, const juce::XmlElement& xml, bool tellsHooks);
     void stepProgram (int step);
     void tellGestureBegin (int id);
     void tellGestureEnd (int id);
@@ -329,6 +364,13 @@ private:
     Relaxed<int> currentProgram = 0;
     const float undoThreshold = 0.0f;   // a change must exceed it
 
+    juce::CriticalSection stateLock;   // saving and loading exclude each other
+    juce::CriticalSection keptLock;    // guards `prevState` and the programs' names; nothing is called while it is held
+    juce::MemoryBlock prevState;       // byte for byte
+    std::shared_ptr<Relaxed<bool>> overwriteOnSave = std::make_shared<Relaxed<bool>> (true);   // the user's answer
+    Relaxed<juce::Thread::ThreadID> loadingThread = nullptr;   // that tells the hooks of a state's parameters
+    static std::atomic<bool> newerVersionWarned;
+
     juce::CriticalSection gestureLock, linkedGestureLock, undoLock;
     juce::Array<int> gestureParams;         // held by a user now
     juce::Array<int> linkedGestureParams;   // moved as a consequence meanwhile
@@ -336,7 +378,6 @@ private:
     juce::OwnedArray<CDelayFilter<float>> delayLines;          // one an input channel, for the bypass; never shrinks
     Relaxed<juce::Thread::ThreadID> messageThread = nullptr;   // that of the last tick
     juce::String fileDetailsPath;
-    bool stateRestored = false;
     bool persistentMapVersionFound = false;
     bool vendorFlag = false;
 

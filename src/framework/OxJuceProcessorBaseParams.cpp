@@ -76,8 +76,10 @@ float OxJuceProcessorBase::getParameter (int index)
 
 void OxJuceProcessorBase::addNormalParam (const char*, int id, float value)
 {
-    auto& record = parameter (id);
-    record.value = record.defaultValue = value;
+    parameter (id).value = value;
+
+    for (auto& program : programs)
+        program.params[static_cast<std::size_t> (id)].defaultValue = value;
 }
 
 void OxJuceProcessorBase::addPersistentParam (const char* key, int id, float value)
@@ -195,7 +197,8 @@ bool OxJuceProcessorBase::performUndoable (juce::UndoableAction* action)
 {
     std::unique_ptr<juce::UndoableAction> owned (action);
     const juce::ScopedLock lock (undoLock);
-    return ! isPerformingUndoRedo() && juce::UndoManager::perform (owned.release());
+    const auto isConsequence = isPerformingUndoRedo() || loadingThread == juce::Thread::getCurrentThreadId();
+    return ! isConsequence && juce::UndoManager::perform (owned.release());
 }
 
 void OxJuceProcessorBase::captureParamSet (OxParamSet& set)

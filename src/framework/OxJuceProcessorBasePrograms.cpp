@@ -48,11 +48,16 @@ void OxJuceProcessorBase::stepProgram (int step)
 
 const juce::String OxJuceProcessorBase::getProgramName (int index)
 {
+    const juce::ScopedLock lock (keptLock);
     return programs[programOrFirst (index)].name;
 }
 
 void OxJuceProcessorBase::changeProgramName (int index, const juce::String& name)
 {
-    programs[programOrFirst (index)].name = name;
+    {
+        const juce::ScopedLock lock (keptLock);
+        programs[programOrFirst (index)].name = name;
+    }
+
     guiUpdatePending = true;
 }

@@ -12,6 +12,12 @@ juce::String& redirectedFolder()
     return folder;
 }
 
+/** A path that does not start at the root counts as none. */
+juce::File getFolderOrElse (const juce::String& path, const juce::File& otherwise)
+{
+    return path.startsWithChar ('/') ? juce::File (path) : otherwise;
+}
+
 }   // namespace
 
 juce::String findCommonProgramFilesFolder (const juce::String& fileBelow)
@@ -28,6 +34,19 @@ juce::String findCommonProgramFilesFolder (const juce::String& fileBelow)
             return folder.getFullPathName();
 
     return candidates[0].getFullPathName();
+}
+
+juce::File getUserConfigurationFolder()
+{
+    const auto home = juce::File::getSpecialLocation (juce::File::userHomeDirectory);
+    return getFolderOrElse (juce::SystemStats::getEnvironmentVariable ("XDG_CONFIG_HOME", {}),
+                            home.getChildFile (".config"));
+}
+
+juce::File getMachineConfigurationFolder()
+{
+    const auto folders = juce::SystemStats::getEnvironmentVariable ("XDG_CONFIG_DIRS", {});
+    return getFolderOrElse (folders.fromLastOccurrenceOf (":", false, false), juce::File ("/etc/xdg"));
 }
 
 ScopedCommonProgramFilesFolder::ScopedCommonProgramFilesFolder (const juce::File& folder) :

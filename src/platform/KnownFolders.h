@@ -14,6 +14,14 @@ namespace platform
     @returns the folder's path without a trailing separator, or empty when the system names no such folder */
 juce::String findCommonProgramFilesFolder (const juce::String& fileBelow);
 
+/** Where programs keep what they remember for the user: what XDG_CONFIG_HOME names, or `~/.config` [any thread but the audio
+    thread]. */
+juce::File getUserConfigurationFolder();
+
+/** The same for all users of the machine: the last folder in XDG_CONFIG_DIRS, which stays the same whatever a desktop
+    session puts before it, or `/etc/xdg`. */
+juce::File getMachineConfigurationFolder();
+
 /** While it lives, shared program files are looked for in `folder` alone, so that a test never meets the user's own. */
 class ScopedCommonProgramFilesFolder
 {

@@ -13,6 +13,7 @@ struct DeskProgramTest : testing::Test
         rig.file ("empty.wav").create();
         rig.file ("noise.wav").replaceWithText (juce::String::repeatedString ("no sound ", 99));
         rig.file ("bad.txt").replaceWithText ("0 select A\n0.1 selekt B\n");
+        rig.file ("torn/DuoJudge.vst3").create();
         rig.file ("late.txt").replaceWithText ("0 select A\n\n1 select B\n");
     }
 
@@ -21,7 +22,6 @@ struct DeskProgramTest : testing::Test
     juce::String run (const juce::String& words) const
     {
         juce::StringArray command { "env", "-C", rig.file ("").getFullPathName(), "DISPLAY=:60000", DUO_DESK_FILE };
-        command.addArray (juce::StringArray { "--manager-folder", DUO_MANAGER_FOLDER });
         command.addTokens (words, " ", {});
         juce::ChildProcess child;
         EXPECT_TRUE (child.start (command));
@@ -53,7 +53,8 @@ TEST_F (DeskProgramTest, EndsWithStatusTwoAndOneLineForEveryError)
         { "a.wav a.wav --render o.wav --script gone.txt", "gone.txt cannot be read" },
         { "a.wav a.wav --render o.wav --script bad.txt", "bad.txt, line 2: \"selekt\" is no action" },
         { "a.wav a.wav --render o.wav --script late.txt", "late.txt, line 3: 1.000 s is not before the end" },
-        { "a.wav a.wav --render o.wav --manager-folder /no", "ORVEX BayLinkLib 64bit.dll\" in /no" },
+        { "a.wav a.wav --render o.wav --plugins /no", "there is no plug-in /no/DuoJudge.vst3; --plugins names" },
+        { "a.wav a.wav --render o.wav --plugins torn", "torn/DuoJudge.vst3 does not load" },
     };
 
     for (const auto& [words, message] : errors)

@@ -3,13 +3,12 @@
 
 #include "OfflineRender.h"
 
-#include "platform/KnownFolders.h"
-
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <sstream>
 
-/** A folder of its own for sound files, and the built manager in place of an installed one. */
+/** A folder of its own for sound files, and a home in which the built plug-ins and their manager are installed. */
 class DeskRig
 {
 public:
@@ -17,7 +16,12 @@ public:
 
     static constexpr int kRate = 44100, kCrossfade = kRate * 40 / 1000;   // hertz, samples
 
-    DeskRig() { folder.createDirectory(); }
+    DeskRig()
+    {
+        folder.createDirectory();
+        ::setenv ("HOME", DUO_HOME, 1);
+    }
+
     ~DeskRig() { folder.deleteRecursively(); }
 
     /** White noise within half of full scale, the same for the same seed, of numbers that 24 bits hold. */
@@ -51,6 +55,14 @@ public:
         return target;
     }
 
+    static std::unique_ptr<desk::ComparisonGraph> makeGraph (const desk::Material& material)
+    {
+        std::unique_ptr<desk::ComparisonGraph> graph;
+        const auto made = desk::ComparisonGraph::create (material, desk::ComparisonGraph::getUserPluginFolder(), graph);
+        EXPECT_EQ (made.getErrorMessage(), "");
+        return graph;
+    }
+
     /** Renders two files by a script, and fails the test if it cannot. @returns the rendered file as it is read back */
     Audio render (const Audio& a, const Audio& b, const juce::String& scriptText, const juce::String& format = ".wav")
     {
@@ -60,11 +72,11 @@ public:
         const auto loaded = desk::Material::load (write ("a" + format, a), write ("b" + format, b), {}, material);
         EXPECT_EQ (loaded.getErrorMessage(), "");
 
-        desk::ComparisonGraph graph (material);
-        EXPECT_TRUE (graph.isLinked());
+        const auto graph = makeGraph (material);
         std::ostringstream output;
         desk::ProgressLine progress (output, false);
-        EXPECT_EQ (desk::OfflineRender (graph, script, progress).writeTo (file ("rendered.wav")).getErrorMessage(), "");
+        EXPECT_EQ (desk::OfflineRender (*graph, script, progress).writeTo (file ("rendered.wav")).getErrorMessage(),
+                   "");
         printed = output.str();
 
         desk::Recording rendered;
@@ -88,5 +100,4 @@ public:
 
 private:
     const juce::File folder = juce::File::createTempFile ("desk");
-    const platform::ScopedCommonProgramFilesFolder manager { juce::File (juce::CharPointer_UTF8 (DUO_MANAGER_FOLDER)) };
 };

@@ -37,8 +37,8 @@ struct LivePlayerTest : testing::Test
     const desk::Material material { { "a", DeskRig::noise (2, kLoop, 1), DeskRig::kRate },
                                     { "b", DeskRig::noise (2, kLoop, 2), DeskRig::kRate } };
     desk::LiveDevice noDevice;   // never opened
-    desk::ComparisonGraph graph { material };
-    desk::LivePlayer player { graph, noDevice };
+    const std::unique_ptr<desk::ComparisonGraph> graph = DeskRig::makeGraph (material);
+    desk::LivePlayer player { *graph, noDevice };
 };
 
 TEST_F (LivePlayerTest, LoopsBothSourcesWithoutAGapAndSeeksInThem)
@@ -46,7 +46,7 @@ TEST_F (LivePlayerTest, LoopsBothSourcesWithoutAGapAndSeeksInThem)
     player.setPlaying (true);
     expectLoop (3 * kLoop, material.a.audio, kLatency, 0);
     EXPECT_EQ (player.getPosition(), (3 * kLoop - kLatency) % kLoop);
-    graph.writeParameter (duoJudge::ToggleAB, 1.0f);
+    graph->writeParameter (desk::Parameter::toggleAB, 1.0f);
     expectLoop (3 * kLoop, material.b.audio, DeskRig::kCrossfade, 3 * kLoop);
 
     player.seek (5000);

@@ -36,13 +36,16 @@ TEST_F (RenderTest, SwitchesWithTheSampleOfTheScriptAndCrossfades)
     }
 }
 
-TEST_F (RenderTest, PlaysBAtItsGainAndSilenceBehindIt)
+TEST_F (RenderTest, PlaysBAtItsGainFromTheSampleOfTheScriptOnAndSilenceBehindIt)
 {
     const auto shorter = DeskRig::noise (2, 9000, 5);
-    const auto out = rig.render (a, shorter, "0 gain -6\n0 select B");
+    const auto out = rig.render (a, shorter, "0 gain -6\n0 select B\n.1 gain 6");
 
     for (int i = DeskRig::kCrossfade; i < kLength; ++i)
-        ASSERT_NEAR (out.getSample (i & 1, i), i < 9000 ? 0.5011872f * shorter.getSample (i & 1, i) : 0.0f, 1e-6f) << i;
+    {
+        const auto expected = i < 9000 ? shorter.getSample (i & 1, i) * (i < 4410 ? 0.5011872f : 1.995262f) : 0.0f;
+        ASSERT_NEAR (out.getSample (i & 1, i), expected, 1e-6f) << i;
+    }
 }
 
 TEST_F (RenderTest, RevealsEveryVoteForTheSourceThatWasHeard)

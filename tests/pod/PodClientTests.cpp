@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "framework/Rig.h"
+#include "platform/Process.h"
 
 #include <map>
 
@@ -9,7 +10,8 @@ using namespace baylink;
 namespace
 {
 
-std::string calls;               // of the program to its manager, but for questions and reads
+std::string calls;   // of the program to its manager, but for questions and reads
+std::string lastRead;
 std::map<PodId, PodInfo> pods;   // all that the manager knows; the first is always linked
 bool linksWork = true;
 
@@ -48,10 +50,15 @@ struct Manager final : IPodManager
     void writeAudio (PodId, const float* const*, int) override {}
     void writeAudioAt (PodId, const float* const*, int, std::int64_t) override {}
     void setPodName (PodId, const char*) override {}
-    void readAudio (PodId, float* const* out, int count, PodId) override { std::fill_n (*out, count, 0.25f); }
-    void readAudioAt (PodId, float* const* out, int count, PodId, std::int64_t) override
+    void readAudio (PodId, float* const* out, int count, PodId) override
+    {
+        lastRead = "plain";
+        std::fill_n (*out, count, 0.25f);
+    }
+    void readAudioAt (PodId, float* const* out, int count, PodId, std::int64_t start) override
     {
         readAudio (0, out, count, 0);
+        lastRead = "at " + std::to_string (start);
     }
     void reserved16() override {}
     void setPodGain (PodId podId, float gain) override { note ("gain", podId, pods[podId].gain = gain); }
@@ -195,6 +202,24 @@ TEST_F (PodClient, LetsTheOwnSignalOutAtOnceWhenThePodTurnsInvalid)
         pods[1].valid = i != 12;
         rig->processBlock (block, rig->midi);
         EXPECT_TRUE (i < 11 || block.getMagnitude (0, 0, 512) == (i == 12 ? 0.5f : 0.25f)) << i;
+    }
+}
+
+TEST_F (PodClient, ReadsAtTheTimelineUnlessTheHostOrTheUserSaysOtherwise)
+{
+    for (const auto* const row :
+         { "any|0|at 9", "any|0.0004|at 9", "any|0.0006|plain", "any|0.003|at 9", "Wavelab 5|0|plain",
+           "Wavelab|0|plain", "Wavelab|0.002|at 9", "Adobe Premiere|0|plain", "Nuendo|0|at 9" })
+    {
+        const auto cells = juce::StringArray::fromTokens (row, "|", "");
+        const platform::ScopedExecutableFileName redirect (cells[0]);
+        rig = std::make_unique<Rig> (2, DUO_FAKE_MANAGERS "whole");
+        rig->setParamDirect (UseTimestampedPodAudioOverride, cells[1].getFloatValue(), false);
+        rig->timerTick();
+        rig->blockStartSample = 9;   // where the host stopped
+        juce::AudioSampleBuffer block (2, 64);
+        rig->processBlock (block, rig->midi);
+        EXPECT_EQ (std::exchange (lastRead, ""), cells[2]) << row;
     }
 }
 

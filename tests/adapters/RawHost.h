@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Library.h"
+#include "pod/IPod.h"
+
+#include <poll.h>
+#include <random>
+#include <thread>
+
+#include <juce_audio_basics/juce_audio_basics.h>
+
+#include <gtest/gtest.h>
+#include <pluginterfaces/gui/iplugview.h>
+#include <pluginterfaces/vst/ivstparameterchanges.h>
+#include <pluginterfaces/vst/ivstprocesscontext.h>
+#include <public.sdk/source/common/memorystream.h>
+#include <public.sdk/source/vst/hosting/hostclasses.h>
+#include <public.sdk/source/vst/vstcomponent.h>
+#include <public.sdk/source/vst/vsteditcontroller.h>
+
+using namespace Steinberg;
+using namespace Steinberg::Vst;
+
+/** What a plug-in holds by reference: it must have let go when the object ends. */
+template <typename... Interfaces>
+struct HostObject : Interfaces...
+{
+    ~HostObject() { EXPECT_EQ (references, 0u); }
+    tresult PLUGIN_API queryInterface (const TUID wanted, void** object) override
+    {
+        const auto is = [wanted] (const FUID& one) { return FUnknownPrivate::iidEqual (wanted, one); };
+        *object = nullptr;
+        ((*object = is (Interfaces::iid) ? static_cast<Interfaces*> (this) : *object), ...);
+        return *object != nullptr ? (addRef(), kResultOk) : kNoInterface;
+    }
+    uint32 PLUGIN_API addRef() override { return ++references; }
+    uint32 PLUGIN_API release() override { return --references; }
+    std::atomic<uint32> references { 0 };
+};
+
+/** Changes of one parameter in one block. */
+struct Changes final : HostObject<IParameterChanges, IParamValueQueue>
+{
+    Changes (ParamID changed, std::vector<ParamValue> points) : id (changed), values (std::move (points)) {}
+    int32 PLUGIN_API getParameterCount() override { return 1; }
+    IParamValueQueue* PLUGIN_API getParameterData (int32) override { return this; }
+    IParamValueQueue* PLUGIN_API addParameterData (const ParamID&, int32&) override { return nullptr; }
+    ParamID PLUGIN_API getParameterId() override { return id; }
+    int32 PLUGIN_API getPointCount() override { return static_cast<int32> (values.size()); }
+    tresult PLUGIN_API getPoint (int32 index, int32& offset, ParamValue& value) override
+    {
+        return index < 0 || index >= getPointCount() ? kResultFalse
+                                                     : (value = values[unsigned (offset = index)], kResultTrue);
+    }
+    tresult PLUGIN_API addPoint (int32, ParamValue, int32&) override { return kResultFalse; }
+    const ParamID id;
+    const std::vector<ParamValue> values;
+};
+
+/** How a host answers an event handler, if it has an event loop at all. */
+enum class Loop
+{
+    none,
+    unimplemented,
+    refuses,
+    runs
+};
+
+/** All that a host offers. Its loop takes each descriptor once. */
+struct Host final : HostObject<IHostApplication, IComponentHandler, IPlugFrame, Linux::IRunLoop>
+{
+    tresult PLUGIN_API queryInterface (const TUID wanted, void** object) override
+    {
+        const auto hidden = loop == Loop::none && FUnknownPrivate::iidEqual (wanted, Linux::IRunLoop::iid);
+        return hidden ? (*object = nullptr, kNoInterface) : HostObject::queryInterface (wanted, object);
+    }
+    tresult PLUGIN_API getName (String128) override { return kNotImplemented; }
+    tresult PLUGIN_API createInstance (TUID, TUID, void** object) override
+    {
+        *object = makesMessages ? static_cast<IMessage*> (new HostMessage()) : nullptr;
+        return makesMessages ? kResultOk : kNotImplemented;
+    }
+    tresult PLUGIN_API beginEdit (ParamID) override { return kResultOk; }
+    tresult PLUGIN_API performEdit (ParamID id, ParamValue value) override { return edits[id] = value, kResultOk; }
+    tresult PLUGIN_API endEdit (ParamID) override { return kResultOk; }
+    tresult PLUGIN_API restartComponent (int32) override { return kResultOk; }
+    tresult PLUGIN_API resizeView (IPlugView* view, ViewRect* size) override { return view->onSize (size); }
+    tresult PLUGIN_API registerEventHandler (Linux::IEventHandler* handler, int descriptor) override
+    {
+        if (loop == Loop::runs && handlers.emplace (descriptor, handler).second)
+            return kResultOk;
+
+        return ++refusals, loop == Loop::unimplemented ? kNotImplemented : kResultFalse;
+    }
+    tresult PLUGIN_API unregisterEventHandler (Linux::IEventHandler*) override { return handlers.clear(), kResultOk; }
+    tresult PLUGIN_API registerTimer (Linux::ITimerHandler*, uint64) override { return kNotImplemented; }
+    tresult PLUGIN_API unregisterTimer (Linux::ITimerHandler*) override { return kNotImplemented; }
+    void pump()
+    {
+        for (const auto& [descriptor, handler] : std::map (handlers))
+            if (pollfd entry { descriptor, POLLIN, 0 }; handlers.count (descriptor) > 0 && ::poll (&entry, 1, 1) > 0)
+                handler->onFDIsSet (descriptor);
+    }
+
+    FUnknown* context() { return static_cast<IHostApplication*> (this); }
+
+    Loop loop = Loop::none;
+    bool makesMessages = true;
+    int refusals = 0;
+    std::map<int, Linux::IEventHandler*> handlers;   // by descriptor
+    std::map<ParamID, ParamValue> edits;             // the latest of each parameter
+};
+
+/** A manager with one pod that links to everybody; it notes who ticks, and where blocks are read. */
+struct NotingManager final : baylink::IPodManager
+{
+    NotingManager()
+    {
+        static IPodManager* current;
+        current = this;
+        const auto library =
+            platform::loadLibrary (DUO_HOMES "noted/.local/lib/ORVEX Audio/ORVEX BayLinkLib 64bit.dll");
+        *static_cast<void (**) (baylink::IPod*, int)> (platform::findExport (library, "answer")) =
+            [] (baylink::IPod* pod, int channels)
+        { pod->manager = channels > 0 ? current : nullptr, pod->id = channels > 0 ? 7 : baylink::kNoPod; };
+    }
+    void disconnect (int) override {}
+    int getPodIds (int* ids) override { return ticker = std::this_thread::get_id(), ++ticks, *ids = 1; }
+    baylink::PodInfo getPodInfo (int) override { return { 1, 0, baylink::kSenderTypeKey, 2, 0, 0.5f, "Pod" }; }
+    void restorePod (baylink::IPod*, int, const char*, int, int, const int*) override {}
+    bool link (int, int) override { return true; }
+    void unlink (int, int) override {}
+    int getLinkedPods (int* ids, int) override { return *ids = 1; }
+    void setChannels (int, int) override {}
+    void setBlockSize (int, int) override {}
+    bool openStream (int, int) override { return false; }
+    void writeAudio (int, const float* const*, int) override {}
+    void writeAudioAt (int, const float* const*, int, std::int64_t) override {}
+    void setPodName (int, const char*) override {}
+    void readAudio (int, float* const*, int, int) override {}
+    void readAudioAt (int, float* const*, int, int, std::int64_t at) override { start = at; }
+    void reserved16() override {}
+    void setPodGain (int, float) override {}
+    std::int64_t start = -1;
+    std::atomic<int> ticks { 0 };
+    std::atomic<std::thread::id> ticker;
+};
+
+/** The built plug-in as a host holds it, from its entry to its unloading. */
+struct Module
+{
+    Module() { EXPECT_TRUE (find<bool (void*)> ("ModuleEntry") (this)); }
+    ~Module()
+    {
+        factory->release();
+        EXPECT_TRUE (find<bool()> ("ModuleExit")());
+        platform::freeLibrary (library);
+    }
+    template <typename Function>
+    Function* find (const char* name) const
+    {
+        return reinterpret_cast<Function*> (platform::findExport (library, name));
+    }
+    template <typename Interface>
+    IPtr<Interface> make (int32 index)   // 0 for the component, 1 for the controller
+    {
+        PClassInfo info;
+        void* made = nullptr;
+        EXPECT_EQ (factory->getClassInfo (index, &info), kResultOk);
+        EXPECT_EQ (factory->createInstance (info.cid, Interface::iid, &made), kResultOk);
+        return owned (static_cast<Interface*> (made));
+    }
+    const platform::LibraryHandle library = platform::loadLibrary (DUO_PLUGIN_FILE);
+    IPluginFactory* const factory = find<IPluginFactory*()> ("GetPluginFactory")();
+};
+
+/** A component and its controller in a host's usual order of calls. */
+struct Instance
+{
+    explicit Instance (Module& module, Host& host) :
+        component (module.make<IComponent> (0)), controller (module.make<IEditController> (1))
+    {
+        EXPECT_EQ (component->initialize (host.context()) | controller->initialize (host.context()), kResultOk);
+        EXPECT_EQ (controller->setComponentHandler (&host), kResultOk);
+        EXPECT_EQ (ends[0]->connect (ends[1]) | ends[1]->connect (ends[0]), kResultOk);
+        EXPECT_EQ (setUp (44100.0, 8192) | component->setActive (1), kResultOk);
+    }
+    ~Instance()
+    {
+        component->setActive (0);
+        ends[0]->disconnect (ends[1]), ends[1]->disconnect (ends[0]);
+        controller->terminate(), component->terminate();
+    }
+    tresult setUp (double rate, int32 blockSize, int32 sampleSize = kSample32, int32 mode = kRealtime)
+    {
+        ProcessSetup setup { mode, sampleSize, blockSize, rate };
+        return audio->setupProcessing (setup);
+    }
+    /** Processes `in` into `out`, or parameter changes alone. */
+    tresult process (juce::AudioSampleBuffer* in, juce::AudioSampleBuffer* out, IParameterChanges* changes = nullptr,
+                     ProcessContext* context = nullptr)
+    {
+        AudioBusBuffers buses[2];
+        ProcessData data;
+        const juce::AudioSampleBuffer* const buffers[] { in, out };
+
+        for (const auto side : { 0, 1 })
+            if (auto* const buffer = buffers[side])
+            {
+                (side == 0 ? data.inputs : data.outputs) = &buses[side];
+                (side == 0 ? data.numInputs : data.numOutputs) = 1;
+                data.numSamples = buffer->getNumSamples();
+                buses[side].numChannels = buffer->getNumChannels();
+                buses[side].channelBuffers32 = const_cast<float**> (buffer->getArrayOfReadPointers());
+                buses[side].silenceFlags = 3;
+            }
+
+        data.inputParameterChanges = changes;
+        data.processContext = context;
+        const auto result = audio->process (data);
+        EXPECT_TRUE (result != kResultOk || buses[1].silenceFlags == 0);
+        return result;
+    }
+    void set (ParamID id, std::vector<ParamValue> points)
+    {
+        Changes changes (id, std::move (points));
+        EXPECT_EQ (process (nullptr, nullptr, &changes), kResultOk);
+    }
+    std::string save()
+    {
+        MemoryStream stream;
+        EXPECT_EQ (component->getState (&stream), kResultOk);
+        return { stream.getData(), static_cast<std::size_t> (stream.getSize()) };
+    }
+    void load (std::string state)
+    {
+        MemoryStream stream (state.data(), static_cast<TSize> (state.size())), copy (stream);
+        EXPECT_EQ (component->setState (&stream) | controller->setComponentState (&copy), kResultOk);
+    }
+    const IPtr<IComponent> component;
+    const IPtr<IEditController> controller;
+    const FUnknownPtr<IAudioProcessor> audio { component };
+    const FUnknownPtr<IConnectionPoint> ends[2] { component.get(), controller.get() };
+};
+
+/** Loads the plug-in in a home that has a manager; at the end no thread of it may be left. */
+struct PlugInTest : testing::Test
+{
+    explicit PlugInTest (const std::string& home = "noted") { ::setenv ("HOME", (DUO_HOMES + home).c_str(), 1); }
+    ~PlugInTest() override
+    {
+        await ([this] { return countThreads() == threadsBefore; });
+    }
+
+    /** Waits for what another thread brings about. */
+    static void await (const std::function<bool()>& condition)
+    {
+        const auto deadline = juce::Time::currentTimeMillis() + 20000;
+
+        while (! condition() && juce::Time::currentTimeMillis() < deadline)
+            juce::Thread::yield();
+
+        EXPECT_TRUE (condition());
+    }
+    static int countThreads()
+    {
+        return juce::File ("/proc/self/task").getNumberOfChildFiles (juce::File::findDirectories);
+    }
+
+    const int threadsBefore = countThreads();
+    NotingManager manager;
+    Host host;
+    Module module;
+};
