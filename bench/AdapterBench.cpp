@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the plug-in's interface costs on top of the processor behind it, and what an instance costs.
+#include "../tests/support/ScratchFolders.h"
 #include "PodSender.h"
 #include "engine/CreatePluginFilter.h"
 #include "engine/DuoJudgeProcessor.h"
@@ -191,7 +192,7 @@ int main (int argc, char** argv)
     installed.createDirectory();
     manager.copyFileTo (installed.getChildFile (manager.getFileName()));
     ::setenv ("HOME", home.getFullPathName().toRawUTF8(), 1);
-    ::setenv ("XDG_CONFIG_HOME", home.getFullPathName().toRawUTF8(), 1);
+    const ScratchFolders scratch;
 
     juce::ScopedJuceInitialiser_GUI toolkit;
     benchmark::Initialize (&argc, argv);

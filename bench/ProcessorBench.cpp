@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What one block costs, as a multiple of a plain copy of the same stereo block in the same program.
+#include "../tests/support/ScratchFolders.h"
 #include "PodSender.h"
 #include "engine/CreatePluginFilter.h"
 #include "engine/DuoJudgeProcessor.h"
@@ -168,6 +169,7 @@ BENCHMARK (inVoteFade)->Arg (64)->Arg (256)->Arg (1024)->UseManualTime();
 
 int main (int argc, char** argv)
 {
+    const ScratchFolders scratch;
     juce::ScopedJuceInitialiser_GUI toolkit;
     benchmark::Initialize (&argc, argv);
 

@@ -24,8 +24,8 @@ buildPackages+=(libgtest-dev libbenchmark-dev python3)
 # Windows, text and OpenGL on a machine that had none: the loader and Mesa's software renderer.
 buildPackages+=(fonts-dejavu-core libgl1 libgl1-mesa-dri)
 
-# ./test: a window system of its own, and the tools that read our sources.
-testPackages=(xvfb openbox clang-format clang-tidy)
+# ./test: a window system of its own, the tools that read our sources, and a recording.
+testPackages=(xvfb openbox clang-format clang-tidy sonic-pi-samples)
 
 # ./run: asking whether a display answers.
 runPackages=(x11-utils)

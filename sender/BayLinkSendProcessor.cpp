@@ -32,10 +32,12 @@ std::unique_ptr<juce::XmlElement> parseState (const void* data, int size)
     // makes something of a text that breaks off. A state is short, declares nothing and is one closed element.
     constexpr auto mostBytes = 4096;
 
-    if (data == nullptr || size <= 0 || size > mostBytes)
+    const auto* const bytes = static_cast<const char*> (data);
+
+    if (data == nullptr || size <= 0 || size > mostBytes || ! juce::CharPointer_UTF8::isValidString (bytes, size))
         return nullptr;
 
-    const auto text = juce::String::fromUTF8 (static_cast<const char*> (data), size);
+    const auto text = juce::String::fromUTF8 (bytes, size);
 
     if (text.contains ("<!") || ! text.endsWith ("/>"))
         return nullptr;

@@ -4,12 +4,20 @@
 #include "platform/EventWait.h"
 #include "platform/Relaxed.h"
 
+#include <algorithm>
 #include <mutex>
+#include <vector>
 
 #include <juce_events/native/juce_linux_EventLoopInternal.h>
 
 namespace
 {
+
+using ToolkitLock = juce::MessageManager::Lock;
+
+std::mutex waitMutex;                                // of both lists, and while the host takes over
+std::vector<const ToolkitLock*> waiting;             // for our own thread to hold still
+std::vector<std::unique_ptr<ToolkitLock>> retired;   // our own thread may still be leaving a call of these
 
 /** Waits for the toolkit's events and runs them. */
 class OwnThread : private juce::Thread
@@ -40,9 +48,14 @@ private:
         constexpr int longestWait = 50;   // milliseconds
 
         while (! threadShouldExit())
+        {
             for (const auto descriptor :
                  platform::waitForInput (juce::LinuxEventLoopInternal::getRegisteredFds(), longestWait))
                 juce::LinuxEventLoopInternal::invokeEventLoopCallbackForFd (descriptor);
+
+            const std::lock_guard<std::mutex> guard (waitMutex);
+            retired.clear();
+        }
     }
 
     juce::WaitableEvent ready;
@@ -93,6 +106,7 @@ MessageThread::User::~User()
 
     jassert (ownThread == nullptr || ! ownThread->isCurrent());
     ownThread.reset();
+    retired.clear();
     hostRunsEvents = false;
     runLastEvents();
     juce::shutdownJuce_GUI();
@@ -102,16 +116,51 @@ MessageThread::Lock::Lock()
 {
     auto* const messages = juce::MessageManager::getInstanceWithoutCreating();
 
-    if (messages != nullptr && (! hostRunsEvents || messages->isThisTheMessageThread()))
-        lock.emplace();
+    held = messages != nullptr && messages->isThisTheMessageThread();
+
+    if (held || messages == nullptr)
+        return;
+
+    {
+        const std::lock_guard<std::mutex> guard (waitMutex);
+
+        if (hostRunsEvents)
+            return;
+
+        lock = std::make_unique<ToolkitLock>();
+        waiting.push_back (lock.get());
+    }
+
+    held = lock->tryEnter();
+    const std::lock_guard<std::mutex> guard (waitMutex);
+    waiting.erase (std::find (waiting.begin(), waiting.end(), lock.get()));
+}
+
+MessageThread::Lock::~Lock()
+{
+    if (lock == nullptr)
+        return;
+
+    lock->exit();
+    const std::lock_guard<std::mutex> guard (waitMutex);
+    retired.push_back (std::move (lock));
 }
 
 void MessageThread::lendHostThread()
 {
     const std::lock_guard<std::mutex> lock (mutex);
+
+    {
+        // Whoever waits for our thread would wait for the host's from now on.
+        const std::lock_guard<std::mutex> guard (waitMutex);
+        hostRunsEvents = true;
+
+        for (const auto* const one : waiting)
+            one->abort();
+    }
+
     ownThread.reset();
     juce::MessageManager::getInstance()->setCurrentThreadAsMessageThread();
-    hostRunsEvents = true;
 }
 
 void MessageThread::returnHostThread()

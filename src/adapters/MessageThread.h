@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 
 #include <juce_events/juce_events.h>
 
@@ -29,16 +28,21 @@ public:
     /** Keeps the message thread from running events, where that can be waited for [any thread].
 
         Our own thread always answers. A host's thread may itself be waiting for the caller, so it is never waited for:
-        then the lock is held only if this is that thread. */
+        then the lock is held only if this is that thread. A wait ends without the lock when the host takes over. */
     class Lock
     {
     public:
         Lock();
+        ~Lock();
 
-        bool isHeld() const noexcept { return lock.has_value(); }
+        Lock (const Lock&) = delete;
+        Lock& operator= (const Lock&) = delete;
+
+        bool isHeld() const noexcept { return held; }
 
     private:
-        std::optional<juce::MessageManagerLock> lock;
+        std::unique_ptr<juce::MessageManager::Lock> lock;
+        bool held = false;
     };
 
     /** Destroys an object that has timers or windows [any thread]: at once under the lock, or else on the message thread as

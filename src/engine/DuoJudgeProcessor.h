@@ -148,6 +148,7 @@ private:
     void addParameters();
     juce::String getRoutingText (const juce::StringArray& names);
 
+    void holdPod (baylink::PodId podId);
     bool readPod (int numSamples);
     bool readsAtTimeline();
     void selectSource (juce::AudioSampleBuffer& block, bool podRead);

@@ -20,10 +20,16 @@ void DuoJudgeProcessor::timerTick()
     const juce::ScopedLock lock (podLock);
 
     if (podIds.size() > 1)
-        connectToPod (podIds.getUnchecked (1));
+        holdPod (podIds.getUnchecked (1));
 }
 
 void DuoJudgeProcessor::connectToPod (baylink::PodId podId)
+{
+    forgetAwaitedLinks();
+    holdPod (podId);
+}
+
+void DuoJudgeProcessor::holdPod (baylink::PodId podId)
 {
     if (manager == nullptr)
         return;

@@ -10,8 +10,6 @@ constexpr int kBaseFilterCapacity = 65536;   // samples
 constexpr int kBypassLineCapacity = 16383;   // samples: a longer latency is delayed by this much
 constexpr int kTimerPeriod = 50;             // milliseconds
 
-std::atomic<int> instanceCount { 0 };
-
 juce::String getNameOfPluginType (int type)
 {
     switch (type)
@@ -41,16 +39,17 @@ OxJuceProcessorBase::OxJuceProcessorBase (int typeOfWrapper) :
     juce::AudioProcessor (BusesProperties()
                               .withInput ("Input", juce::AudioChannelSet::stereo())
                               .withOutput ("Output", juce::AudioChannelSet::stereo())),
-    CDelayFilter<float> (kBaseFilterCapacity), profilerItems { OxJuceProfilerItem (
-                                                                   "Processor_processBlock (vs sampleRate)"),
-                                                               OxJuceProfilerItem ("Processor_timerCallback"),
-                                                               OxJuceProfilerItem ("Editor_render"),
-                                                               OxJuceProfilerItem ("Editor_updateGui") },
-    pluginType (typeOfWrapper), pluginTypeName (getNameOfPluginType (typeOfWrapper))
+    CDelayFilter<float> (kBaseFilterCapacity), pluginType (typeOfWrapper),
+    pluginTypeName (getNameOfPluginType (typeOfWrapper))
 {
+    for (const auto* const name :
+         { "Processor_processBlock (vs sampleRate)", "Processor_timerCallback", "Editor_render", "Editor_updateGui" })
+        addProfilerItem (name);
+
     profilerItems[2].showFrequency = true;
     syncDelayLines();
-    ++instanceCount;
+    openSupportLog();
+    openSharedLog();
 
     // No version reads as 1.0, which stands for 1000: with this default it tells that none is stored yet.
     persistentMapVersionFound = readSettingFloat ("PersistentParamMapVersion", 1.0) != 1.0f;
@@ -58,18 +57,41 @@ OxJuceProcessorBase::OxJuceProcessorBase (int typeOfWrapper) :
 
 OxJuceProcessorBase::~OxJuceProcessorBase()
 {
-    --instanceCount;
+    closeLogs();
 }
 
-int OxJuceProcessorBase::getInstanceCount() noexcept
+void OxJuceProcessorBase::addProfilerItem (const juce::String& name)
 {
-    return instanceCount;
+    profilerItems.emplace_back (name);
+}
+
+void OxJuceProcessorBase::updateProfilerEnabled()
+{
+    profilerEnabled = parameter (getProfilingParam()).value != 0.0f;
+
+    for (auto& item : profilerItems)
+        item.enabled = profilerEnabled;
 }
 
 void OxJuceProcessorBase::finishConstruction()
 {
-    loadDefault();
-    fillPrograms();
+    presetState.setFileVersion (getParamMapVersion());
+
+    if (! usesPresetFiles)
+    {
+        loadDefault();
+        fillPrograms();
+    }
+    else if (hasStoredDefaults())
+    {
+        // Left by a version that kept programs: they become a file, once.
+        loadDefault();
+
+        if (writeDefaultPreset())
+            eraseStoredDefaults();
+    }
+
+    alternateParams = copyCurrentProgram();
 
     const auto showToHooks = [this] (int firstId, int count)
     {
@@ -178,21 +200,10 @@ void OxJuceProcessorBase::timerCallback()
 
 bool OxJuceProcessorBase::isBusesLayoutSupported (const BusesLayout& layouts) const
 {
-    return ! layouts.getMainInputChannelSet().isDisabled() &&
-           layouts.getMainInputChannelSet() == layouts.getMainOutputChannelSet();
+    return ! layouts.getMainInputChannelSet().isDisabled() && ! layouts.getMainOutputChannelSet().isDisabled();
 }
 
 int OxJuceProcessorBase::getMaxNumChannels() const
 {
     return std::max (getTotalNumInputChannels(), getTotalNumOutputChannels());
-}
-
-void OxJuceProcessorBase::numChannelsChanged()
-{
-    if (stateRestored && reloadPreset())
-        return;
-
-    selectDefaultPreset();
-    const juce::ScopedLock lock (undoLock);
-    clearUndoHistory();
 }

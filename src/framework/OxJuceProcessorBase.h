@@ -3,8 +3,11 @@
 
 #include "framework/CDelayFilter.h"
 #include "framework/OxJuceChannelUser.h"
+#include "framework/OxJucePreset.h"
 #include "framework/OxJuceProfilerItem.h"
 #include "framework/OxParamRecord.h"
+
+#include <deque>
 
 #include <juce_audio_processors/juce_audio_processors.h>
 #include <juce_data_structures/juce_data_structures.h>
@@ -93,9 +96,12 @@ public:
     // Undo ------------------------------------------------------------------------------------------------------------
 
     /** Performs an action, which is owned from here on, under the undo lock [any thread]. An action that comes up while an
-        undo or redo writes its parameters, or a load of a state on the same thread, is dropped: the history or the state
-        holds its result already. */
+        undo, a redo, a swap of the alternate side or a load of a state writes its parameters on the same thread is dropped:
+        the history, the side or the state holds its result already. */
     bool performUndoable (juce::UndoableAction* action);
+
+    /** What is performed from now on is undone in one step, until the next call, undo or redo [any thread]. */
+    void beginNewTransaction (const juce::String& name = {});
 
     // Offline passes --------------------------------------------------------------------------------------------------
 
@@ -124,6 +130,27 @@ public:
     /** The private command entry [any thread of the host]: 0 for a wrong magic or an unknown opcode.
         @param pointer what it points to depends on the opcode; null is let pass */
     virtual juce::int64 handleVendorCommand (juce::int32 magic, juce::int32 opcode, void* pointer, float opt);
+
+    // Profiler --------------------------------------------------------------------------------------------------------
+
+    /** Adds an item to those that are measured and reported [while the processor is being built]. */
+    void addProfilerItem (const juce::String& name);
+
+    /** Switches all items on or off together, as the parameter that shows profiling says: any value but zero is on
+        [message thread]. */
+    void updateProfilerEnabled();
+
+    // Presets: programs, or files where the product says so -----------------------------------------------------------
+
+    bool keepsPresetFiles() const noexcept { return usesPresetFiles; }
+    const OxJucePreset& getPresetState() const noexcept { return presetState; }
+
+    /** The defaults in the machine's settings [message thread]. */
+    bool hasStoredDefaults();
+    void eraseStoredDefaults();
+
+    /** Saves the parameters as the preset "Default" in the root. @returns whether it is kept */
+    bool writeDefaultPreset();
 
     const juce::String& getPluginTypeName() const noexcept { return pluginTypeName; }
     const juce::String& getFileDetailsPath() const noexcept { return fileDetailsPath; }
@@ -204,31 +231,51 @@ public:
     virtual int getNumPersistentParams() { return numPersistentParams; }
     virtual int getNumTransientParams() { return numTransientParams; }
 
-    /** Swaps the normal parameters with the alternate set, or copies them into it. There is no alternate set to meet yet. */
-    virtual void toggleAlternate (float) {}
-    virtual void copyToAlternate (float) {}
+    /** Swaps the normal parameters with the alternate side, or copies them to it, as an undoable step [message thread].
+        @param value what a swap stores in the parameter that tells which side is seen */
+    virtual void toggleAlternate (float value);
+    virtual void copyToAlternate (float value);
 
     /** Called after every write of every group, on the thread that wrote. */
     virtual void parameterChanged (int id) = 0;
 
-    virtual void saveAsDefault() {}
+    /** Keeps the normal parameters as what new instances on this machine begin with. */
+    virtual void saveAsDefault();
 
     /** @returns whether a stored default was found. */
-    virtual bool loadDefault() { return false; }
-    virtual void logParam (int) {}
+    virtual bool loadDefault();
+
+    /** Writes id, key and value of a parameter to the log [any thread but the audio thread]. */
+    virtual void logParam (int id);
     virtual int getParamMapVersion() { return 1; }
     virtual int getPersistentParamMapVersion() { return 1; }
     virtual void convertParamMap (int) {}
     virtual void convertPersistentParamMap (int) {}
+
+    /** The full path to use in place of `path`, a root of preset folders. */
     virtual juce::String adjustPresetFolder (const juce::String& path) { return path; }
 
-    // Preset files: this build holds presets as programs only, so that a step between files finds none.
-    virtual void selectDefaultPreset() {}
-    virtual bool loadPreset (const juce::String&, const juce::String&) { return false; }
-    virtual bool reloadPreset() { return false; }
-    virtual void nextPreset() {}
-    virtual void previousPreset() {}
-    virtual bool isPresetModified() { return false; }
+    // The current preset file [message thread, or a host's thread that loads a state or changes the channel count]. A file
+    // that is missing or no preset leaves the parameters as they are.
+
+    /** Applies the first preset in the root, or else the first of all. */
+    virtual void selectDefaultPreset();
+
+    /** Applies the preset in the root that is called "Default". */
+    virtual void loadNamedDefaultPreset();
+
+    /** Applies a preset, and converts one of another version. @returns whether it was there */
+    virtual bool loadPreset (const juce::String& folder, const juce::String& file);
+
+    /** Reads the file again and applies nothing. @returns whether it was there */
+    virtual bool reloadPreset();
+
+    /** Steps in the folder that no undo takes back. */
+    virtual void nextPreset();
+    virtual void previousPreset();
+
+    /** @returns whether a parameter has moved from what the file holds. */
+    virtual bool isPresetModified();
     virtual bool isParamCompared (int) { return true; }
 
     virtual void getExtraStateBlock (juce::MemoryBlock&) {}
@@ -296,15 +343,16 @@ public:
     Relaxed<juce::int64> blockStartSample = 0;        // timeline position of the block; kept while the host is stopped
     Relaxed<juce::int64> offlineSamplePos = 0;        // samples since the start of an offline pass
     Relaxed<int> processMode = realTime;
-    std::atomic<int> deferredUpdateState { 1 };        // 0 nothing waits, 1 an update waits, 2 and one more after it
-    std::array<OxJuceProfilerItem, 4> profilerItems;   // audio block, timer, render, GUI update
+    std::atomic<int> deferredUpdateState { 1 };     // 0 nothing waits, 1 an update waits, 2 and one more after it
+    std::deque<OxJuceProfilerItem> profilerItems;   // audio block, timer, render, GUI update, then what a product adds
+    Relaxed<bool> profilerEnabled = false;          // profiling is shown
     bool isVenueVersion = false;
 
-    Relaxed<bool> stateRestored = false;          // a host has handed over a state, of whatever kind
-    Relaxed<bool> paramMapVersionFound = false;   // the state loaded last had a map version
-    Relaxed<bool> loadedFromPrev = false;         // this session came from an earlier version's format
-    Relaxed<bool> prevStateStored = false;        // `prevState` holds what that version stored
-    Relaxed<bool> incompatibleWarned = false;     // the user was asked what becomes of it
+    Relaxed<bool> stateRestored = false;              // a host has handed over a state, of whatever kind
+    Relaxed<bool> paramMapVersionFound = false;       // the state loaded last had a map version
+    Relaxed<bool> loadedFromPrev = false;             // this session came from an earlier version's format
+    Relaxed<bool> prevStateStored = false;            // `prevState` holds what that version stored
+    std::atomic<bool> incompatibleWarned { false };   // the user was asked what becomes of it
 
     /** Log every parameter write of a host, in the whole process. */
     static Relaxed<bool> logParameterChanges;
@@ -325,9 +373,13 @@ protected:
     void finishConstruction();
 
     int numParams = 0, numPersistentParams = 0, numTransientParams = 0;
+    bool usesPresetFiles = false;    // presets are files, not programs; set before `finishConstruction`
+    bool fillsUserPrograms = true;   // give the programs that the product has not filled its values and a name
     const int pluginType;
 
 private:
+    friend class OxJuceABUndoableAction;
+
     enum class Group
     {
         normal,
@@ -339,11 +391,20 @@ private:
     Group getGroup (int id) const noexcept;
     int getCurrentProgramIndex() const noexcept;
     void copyRoutingToDefault (float value);
+    void openSupportLog();
+    void openSharedLog();
+    void closeLogs();
+    juce::String getDefaultKey (int id);
     void fillPrograms();
+    bool applyPresetState();
+    void savePresetPlace (juce::XmlElement& xml);
+    void loadPresetPlace (const juce::XmlElement& xml);
     void saveProgram (int index, juce::XmlElement& xml);
     void loadRoot (const juce::XmlElement& root);
     void loadProgram (int index, const juce::XmlElement& xml, bool tellsHooks);
-    void stepProgram (int step);
+    void stepPreset (bool forward);
+    OxParamSet copyCurrentProgram();
+    void setSides (const OxParamSet& live, const OxParamSet& alternate);
     void tellGestureBegin (int id);
     void tellGestureEnd (int id);
     void syncDelayLines();
@@ -357,18 +418,21 @@ private:
     const juce::String pluginTypeName;
     std::array<OxParamSet, kMaxPrograms> programs;
     OxParamSet transientParams, persistentParams;
-    OxParamSet resetParams;   // what a reset returns to: the set applied last
+    OxParamSet resetParams;       // what a reset returns to: the set applied last
+    OxParamSet alternateParams;   // the side of the A/B compare that is not live [message thread]
     OxParamRecord invalidParam;
     const int numPrograms = kMaxPrograms;
     int numFactoryPrograms = 0, numUserPrograms = 0;
     Relaxed<int> currentProgram = 0;
-    const float undoThreshold = 0.0f;   // a change must exceed it
+    OxJucePreset presetState { this, {}, {} };   // the current preset file
+    const float undoThreshold = 0.0f;            // a change must exceed it
 
     juce::CriticalSection stateLock;   // saving and loading exclude each other
     juce::CriticalSection keptLock;    // guards `prevState` and the programs' names; nothing is called while it is held
     juce::MemoryBlock prevState;       // byte for byte
     std::shared_ptr<Relaxed<bool>> overwriteOnSave = std::make_shared<Relaxed<bool>> (true);   // the user's answer
-    Relaxed<juce::Thread::ThreadID> loadingThread = nullptr;   // that tells the hooks of a state's parameters
+    Relaxed<bool> foreignIsCurrent = false;   // no state of this format was loaded over the foreign one
+    static thread_local const OxJuceProcessorBase* loadingHere;   // takes a state or a side in on this thread
     static std::atomic<bool> newerVersionWarned;
 
     juce::CriticalSection gestureLock, linkedGestureLock, undoLock;
@@ -380,6 +444,7 @@ private:
     juce::String fileDetailsPath;
     bool persistentMapVersionFound = false;
     bool vendorFlag = false;
+    std::unique_ptr<juce::FileLogger> logger;   // the support log, if the machine's setting asks for one
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (OxJuceProcessorBase)
 };

@@ -180,7 +180,7 @@ void OxJuceProcessorBase::setParamUndoable (int id, float value, bool notifyHost
         return isPress (value) ? copyToAlternate (value) : void();
 
     if (id == roleId<&Base::getPresetPrevParam> (*this) || id == roleId<&Base::getPresetNextParam> (*this))
-        return isPress (value) ? stepProgram (id == roleId<&Base::getPresetNextParam> (*this) ? 1 : -1) : void();
+        return isPress (value) ? stepPreset (id == roleId<&Base::getPresetNextParam> (*this)) : void();
 
     const float old = parameter (id).value;
 
@@ -191,14 +191,6 @@ void OxJuceProcessorBase::setParamUndoable (int id, float value, bool notifyHost
         performUndoable (new OxJuceUndoableAction (this, id, old, value, notifyHost));
     else
         setParamDirect (id, value, notifyHost);
-}
-
-bool OxJuceProcessorBase::performUndoable (juce::UndoableAction* action)
-{
-    std::unique_ptr<juce::UndoableAction> owned (action);
-    const juce::ScopedLock lock (undoLock);
-    const auto isConsequence = isPerformingUndoRedo() || loadingThread == juce::Thread::getCurrentThreadId();
-    return ! isConsequence && juce::UndoManager::perform (owned.release());
 }
 
 void OxJuceProcessorBase::captureParamSet (OxParamSet& set)

@@ -16,7 +16,7 @@ void OxJuceProcessorBase::fillPrograms()
 {
     const auto first = numFactoryPrograms + numUserPrograms;
 
-    for (int index = first; index < numPrograms; ++index)
+    for (int index = first; fillsUserPrograms && index < numPrograms; ++index)
     {
         auto& program = programs[static_cast<std::size_t> (index)];
         captureParamSet (program);
@@ -33,17 +33,6 @@ void OxJuceProcessorBase::setCurrentProgram (int index)
 
     applyParamSet (programs[static_cast<std::size_t> (getCurrentProgramIndex())], false);
     guiUpdatePending = true;
-}
-
-void OxJuceProcessorBase::stepProgram (int step)
-{
-    setCurrentProgram ((getCurrentProgram() + step + numPrograms) % numPrograms);
-
-    for (int id = 0; id < numParams; ++id)
-        parameter (id).changed = true;
-
-    sendAutomatableParams();
-    updateHostDisplay();
 }
 
 const juce::String OxJuceProcessorBase::getProgramName (int index)

@@ -4,6 +4,7 @@
 #include "framework/ProductNames.h"
 #include "framework/Settings.h"
 #include "framework/StateFrame.h"
+#include "platform/EmbeddedWindow.h"
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
@@ -11,6 +12,7 @@ namespace
 {
 
 constexpr auto* kRootTag = "MYPLUGINSETTINGS";
+constexpr auto* kPresetFileTag = "PRESETDATA";
 constexpr auto* kProgramTag = "PRESET";   // followed by the program's number
 constexpr auto* kProgramName = "PRESETNAME";
 constexpr auto* kCurrentProgram = "CURRENTPRESET";
@@ -28,6 +30,7 @@ void logMapVersions (int loaded, int own)
 }   // namespace
 
 std::atomic<bool> OxJuceProcessorBase::newerVersionWarned { false };
+thread_local const OxJuceProcessorBase* OxJuceProcessorBase::loadingHere = nullptr;
 
 void OxJuceProcessorBase::getStateInformation (juce::MemoryBlock& dest)
 {
@@ -57,6 +60,9 @@ void OxJuceProcessorBase::setStateInformation (const void* data, int size)
 void OxJuceProcessorBase::saveXmlState (juce::MemoryBlock& block)
 {
     juce::XmlElement root (kRootTag);
+
+    if (usesPresetFiles)
+        savePresetPlace (*root.createNewChildElement (kPresetFileTag));
 
     for (int index = 0; index < numPrograms; ++index)
         saveProgram (index, *root.createNewChildElement (kProgramTag + juce::String (index)));
@@ -99,6 +105,9 @@ void OxJuceProcessorBase::loadRoot (const juce::XmlElement& root)
 {
     const auto current = getCurrentProgramIndex();
 
+    if (const auto* const xml = usesPresetFiles ? root.getChildByName (kPresetFileTag) : nullptr)
+        loadPresetPlace (*xml);
+
     for (int index = 0; index < kMaxPrograms; ++index)
         if (const auto* const xml = root.getChildByName (kProgramTag + juce::String (index)))
             loadProgram (index, *xml, index == current);
@@ -106,8 +115,8 @@ void OxJuceProcessorBase::loadRoot (const juce::XmlElement& root)
     setCurrentProgram (root.getIntAttribute (kCurrentProgram, 0));
     readExtraState (root);
 
-    // What is loaded now is this format's own: the next save keeps it, whatever came before.
-    *overwriteOnSave = true;
+    // What is loaded now is this format's own: the next save keeps it, whatever came before and is answered later.
+    foreignIsCurrent = false;
 
     if (juce::MemoryBlock foreign; stateFrame::decode (root.getStringAttribute (kForeignBytes), foreign))
     {
@@ -120,10 +129,10 @@ void OxJuceProcessorBase::loadRoot (const juce::XmlElement& root)
 void OxJuceProcessorBase::loadProgram (int index, const juce::XmlElement& xml, bool tellsHooks)
 {
     // What a hook changes as a consequence is in the state already, just as it is in the history of an undo.
-    const juce::ScopedValueSetter<Relaxed<juce::Thread::ThreadID>> loading (loadingThread,
-                                                                            juce::Thread::getCurrentThreadId());
+    const juce::ScopedValueSetter<const OxJuceProcessorBase*> loading (loadingHere, this);
 
-    changeProgramName (index, xml.getStringAttribute (kProgramName, getProgramName (index)));
+    if (! usesPresetFiles)
+        changeProgramName (index, xml.getStringAttribute (kProgramName, getProgramName (index)));
 
     for (int id = 0; id < getNumParameters(); ++id)
     {
@@ -169,12 +178,13 @@ void OxJuceProcessorBase::loadStream (const void* data, std::size_t size)
     }
 
     loadedFromPrev = true;
+    foreignIsCurrent = true;
     warnIncompatibleState();
 }
 
 void OxJuceProcessorBase::saveStream (juce::MemoryBlock& dest)
 {
-    if (! loadedFromPrev || *overwriteOnSave)
+    if (! foreignIsCurrent || *overwriteOnSave)
         return saveXmlState (dest);
 
     const juce::ScopedLock lock (keptLock);
@@ -183,10 +193,8 @@ void OxJuceProcessorBase::saveStream (juce::MemoryBlock& dest)
 
 void OxJuceProcessorBase::warnIncompatibleState()
 {
-    if (incompatibleWarned)
+    if (incompatibleWarned.exchange (true))
         return;
-
-    incompatibleWarned = true;
 
     // Until the user agrees to lose them the old bytes stay, be the box still open or, with no screen and nobody to press
     // a button, never shown. The answer may come when this processor is gone, so it lives on its own.
@@ -257,6 +265,8 @@ void OxJuceProcessorBase::showBox (const juce::String& title, const juce::String
         {
             if (juce::Desktop::getInstance().getDisplays().displays.isEmpty())
                 return;
+
+            const platform::ScopedWindowErrorGuard guard;
 
             if (answered == nullptr)
                 juce::AlertWindow::showMessageBoxAsync (juce::AlertWindow::NoIcon, title, text);

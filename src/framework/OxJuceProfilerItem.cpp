@@ -12,15 +12,21 @@ void OxJuceProfilerItem::start (double expectedMs)
 
 void OxJuceProfilerItem::stop()
 {
+    if (enabled)
+        stopAt (juce::Time::getMillisecondCounterHiRes());
+}
+
+void OxJuceProfilerItem::stopAt (double now)
+{
     if (! enabled || startTime == 0.0)
         return;
 
     const double oldShare = smoothing, newShare = 1.0 - oldShare;
-    const auto duration = juce::Time::getMillisecondCounterHiRes() - startTime;
+    const auto duration = now - startTime;
     averageDuration = oldShare * averageDuration + newShare * duration;
     maxDuration = std::max (maxDuration.get(), duration);
 
-    if (expectedDuration > 0.0)
+    if (expectedDuration != 0.0)
     {
         const auto load = duration / expectedDuration;
         averageLoad = newShare * load + oldShare * averageLoad;
@@ -32,4 +38,17 @@ void OxJuceProfilerItem::stop()
     lastStartTime = startTime;
     startTime = 0.0;
     averageInterval = newShare * interval + oldShare * averageInterval;
+}
+
+juce::String OxJuceProfilerItem::getReport() const
+{
+    auto line =
+        maxLoad == 0.0
+            ? name + " " + juce::String (averageDuration, 2) + " (" + juce::String (maxDuration, 2) + ")"
+            : name + " " + juce::String (averageLoad * 100.0, 2) + "% (" + juce::String (maxLoad * 100.0, 2) + "%)";
+
+    if (showFrequency && averageInterval != 0.0)
+        line << ", freq = " << juce::String (1000.0 / averageInterval, 1) << "Hz";
+
+    return line;
 }

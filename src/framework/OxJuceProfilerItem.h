@@ -20,30 +20,43 @@ public:
     /** Ends the measurement that runs, if one does. */
     void stop();
 
-    /** Measures the scope it stands in, on every way out of it. */
+    /** The same at a time of the caller's. @param now milliseconds of the toolkit's high-resolution counter */
+    void stopAt (double now);
+
+    /** @returns one line: name, average and longest duration in milliseconds or, for an item with an expectation, average and
+                highest share of it in percent; then the rate of the calls, if it is to be shown [any thread] */
+    juce::String getReport() const;
+
+    /** Measures the scope it stands in, on every way out of it, if the item is enabled when it begins. */
     class Scope
     {
     public:
-        explicit Scope (OxJuceProfilerItem& itemToMeasure, double expectedMs = 0.0) : item (itemToMeasure)
+        explicit Scope (OxJuceProfilerItem& itemToMeasure, double expectedMs = 0.0) :
+            item (itemToMeasure.enabled ? &itemToMeasure : nullptr)
         {
-            item.start (expectedMs);
+            if (item != nullptr)
+                item->start (expectedMs);
         }
 
-        ~Scope() { item.stop(); }
+        ~Scope()
+        {
+            if (item != nullptr)
+                item->stop();
+        }
 
         Scope (const Scope&) = delete;
         Scope& operator= (const Scope&) = delete;
 
     private:
-        OxJuceProfilerItem& item;
+        OxJuceProfilerItem* const item;
     };
 
     Relaxed<bool> enabled = false;
     bool showFrequency = false;
     float smoothing = 0.99f;   // weight of the old value in the averages
     juce::String name;
-    double startTime = 0.0, lastStartTime = 0.0;   // milliseconds; 0 while nothing is measured
+    Relaxed<double> startTime = 0.0, lastStartTime = 0.0;   // milliseconds; 0 while nothing is measured
     Relaxed<double> averageDuration = 0.0, averageInterval = 0.0, maxDuration = 0.0;   // milliseconds
     Relaxed<double> averageLoad = 0.0, maxLoad = 0.0;                                  // duration / expected duration
-    double expectedDuration = 0.0;                                                     // milliseconds; 0 means none
+    Relaxed<double> expectedDuration = 0.0;                                            // milliseconds; 0 means none
 };

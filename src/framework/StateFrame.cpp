@@ -98,7 +98,13 @@ std::unique_ptr<juce::XmlElement> stateFrame::read (const void* data, int size, 
 
     const auto* const text = static_cast<const char*> (data) + kHeaderSize;
     const auto claimed = static_cast<int> (juce::ByteOrder::littleEndianInt (text - sizeof (juce::uint32)));
-    const auto* const end = std::find (text, text + juce::jlimit (0, size - kHeaderSize, claimed), '\0');
+    return parse (text, static_cast<std::size_t> (juce::jlimit (0, size - kHeaderSize, claimed)), maxAttributes);
+}
+
+std::unique_ptr<juce::XmlElement> stateFrame::parse (const void* data, std::size_t size, int maxAttributes)
+{
+    const auto* const text = static_cast<const char*> (data);
+    const auto* const end = std::find (text, text + size, '\0');
     const auto length = static_cast<int> (end - text);
 
     if (! juce::CharPointer_UTF8::isValidString (text, length) || ! isSafeToParse (text, end, maxAttributes))

@@ -5,7 +5,7 @@
 
 #include <juce_core/juce_core.h>
 
-/** The bytes of a saved state [any thread but the audio thread].
+/** The bytes of a saved state, and the XML text in them [any thread but the audio thread].
 
     A frame is the magic "VC2!", the length of the text as a little-endian word, an XML text in UTF-8, and one 0. What is
     read comes from a file that anybody may have written: nothing here trusts a length, and a text that would overflow the
@@ -21,6 +21,9 @@ int getFrameSize (const void* data, int size) noexcept;
 /** @param maxAttributes how many attributes a text may have in all
     @returns the root, or null if the bytes are no frame or the text is no readable XML. */
 std::unique_ptr<juce::XmlElement> read (const void* data, int size, int maxAttributes);
+
+/** Reads a text by itself, up to its first 0, as `read` does that in a frame. */
+std::unique_ptr<juce::XmlElement> parse (const void* data, std::size_t size, int maxAttributes);
 
 juce::MemoryBlock write (const juce::XmlElement& root);
 

@@ -49,6 +49,33 @@ juce::File getMachineConfigurationFolder()
     return getFolderOrElse (folders.fromLastOccurrenceOf (":", false, false), juce::File ("/etc/xdg"));
 }
 
+juce::File getUserApplicationDataFolder()
+{
+    const auto home = juce::File::getSpecialLocation (juce::File::userHomeDirectory);
+    return getFolderOrElse (juce::SystemStats::getEnvironmentVariable ("XDG_DATA_HOME", {}),
+                            home.getChildFile (".local/share"));
+}
+
+juce::File getUserDocumentsFolder()
+{
+    const auto home = juce::File::getSpecialLocation (juce::File::userHomeDirectory);
+    auto folder = home.getChildFile ("Documents");
+
+    // The desktop's own record of the folder, as a line of a shell script: XDG_DOCUMENTS_DIR="$HOME/Papers"
+    juce::StringArray lines;
+    getUserConfigurationFolder().getChildFile ("user-dirs.dirs").readLines (lines);
+
+    for (const auto& line : lines)
+        if (line.trimStart().startsWith ("XDG_DOCUMENTS_DIR="))
+            folder = getFolderOrElse (line.fromFirstOccurrenceOf ("=", false, false)
+                                          .trim()
+                                          .unquoted()
+                                          .replace ("$HOME", home.getFullPathName()),
+                                      folder);
+
+    return getFolderOrElse (juce::SystemStats::getEnvironmentVariable ("XDG_DOCUMENTS_DIR", {}), folder);
+}
+
 ScopedCommonProgramFilesFolder::ScopedCommonProgramFilesFolder (const juce::File& folder) :
     previous (redirectedFolder())
 {

@@ -22,6 +22,13 @@ juce::File getUserConfigurationFolder();
     session puts before it, or `/etc/xdg`. */
 juce::File getMachineConfigurationFolder();
 
+/** Where programs keep data for the user, apart from what configures them: what XDG_DATA_HOME names, or `~/.local/share`. */
+juce::File getUserApplicationDataFolder();
+
+/** Where the user keeps documents: what XDG_DOCUMENTS_DIR names in the environment or else in the file `user-dirs.dirs` of
+    the configuration folder, or `~/Documents`. */
+juce::File getUserDocumentsFolder();
+
 /** While it lives, shared program files are looked for in `folder` alone, so that a test never meets the user's own. */
 class ScopedCommonProgramFilesFolder
 {

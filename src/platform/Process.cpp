@@ -22,6 +22,11 @@ juce::String getExecutableFileName()
     return juce::File::getSpecialLocation (juce::File::hostApplicationPath).getFileName();
 }
 
+juce::String getComputerName()
+{
+    return juce::SystemStats::getComputerName();
+}
+
 ScopedExecutableFileName::ScopedExecutableFileName (const juce::String& name) : previous (redirectedName())
 {
     redirectedName() = name;

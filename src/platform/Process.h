@@ -10,6 +10,9 @@ namespace platform
     the audio thread]. */
 juce::String getExecutableFileName();
 
+/** The name of the machine as the system gives it, or empty [any thread but the audio thread]. */
+juce::String getComputerName();
+
 /** While it lives, the running program goes by another name; made and dropped while nobody asks for it. */
 class ScopedExecutableFileName
 {

@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/Registry.h"
 
+#include "platform/Files.h"
 #include "platform/KnownFolders.h"
 
 #include <cerrno>
 #include <clocale>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
-#include <fcntl.h>
 #include <locale.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace platform::registry
@@ -77,24 +75,6 @@ juce::File getFile (Root root, const juce::String& key, const juce::String& name
     return getFolder (root, key).getChildFile (encode (name) + ".value");
 }
 
-bool writeAll (int file, const void* data, int size)
-{
-    const auto* next = static_cast<const char*> (data);
-
-    while (size > 0)
-    {
-        const auto written = ::write (file, next, static_cast<std::size_t> (size));
-
-        if (written < 0 && errno != EINTR)
-            return false;
-
-        next += std::max<ssize_t> (written, 0);
-        size -= static_cast<int> (std::max<ssize_t> (written, 0));
-    }
-
-    return true;
-}
-
 }   // namespace
 
 bool read (Root root, const juce::String& key, const juce::String& name, Value& value)
@@ -109,31 +89,14 @@ bool read (Root root, const juce::String& key, const juce::String& name, Value& 
     value.kind = is (Kind::text) ? Kind::text : Kind::binary;
     value.size = file.read (value.bytes.data(), kMaxValueSize);
     char more = 0;
-    return is (value.kind) && file.read (&more, 1) == 0;
+    return is (value.kind) && file.read (&more, 1) == 0 && file.getStatus().wasOk();
 }
 
 bool write (Root root, const juce::String& key, const juce::String& name, Kind kind, const void* data, int size)
 {
-    const auto target = getFile (root, key, name);
-    const auto folder = target.getParentDirectory();
-    folder.createDirectory();   // fails also where another process was first; the next step tells
-
-    auto temporary = (folder.getFullPathName() + "/.new-XXXXXX").toStdString();
-    const auto file = ::mkostemp (temporary.data(), O_CLOEXEC);
-
-    if (file < 0)
-        return false;
-
-    constexpr mode_t readableByAll = 0644;
-    const auto written = ::fchmod (file, readableByAll) == 0 && writeAll (file, headerOf (kind), kHeaderSize) &&
-                         writeAll (file, data, size) && ::fsync (file) == 0;
-    const auto closed = ::close (file) == 0;
-
-    if (written && closed && ::rename (temporary.c_str(), target.getFullPathName().toRawUTF8()) == 0)
-        return true;
-
-    ::unlink (temporary.c_str());
-    return false;
+    std::string content (headerOf (kind), kHeaderSize);
+    content.append (static_cast<const char*> (data), static_cast<std::size_t> (size));
+    return replaceFile (getFile (root, key, name), content.data(), content.size());
 }
 
 Deletion remove (Root root, const juce::String& key, const juce::String& name)

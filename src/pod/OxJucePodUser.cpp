@@ -51,7 +51,13 @@ void OxJucePodUser::writePodState (juce::XmlElement& xml)
     const auto info = manager->getPodInfo (id);
     PodIdList ids;
     const auto numConnections = manager->getPodIds (ids.data());
-    const auto numLinked = std::min (manager->getLinkedPods (ids.data(), id), baylink::kMaxPods);
+    auto numLinked = std::min (manager->getLinkedPods (ids.data(), id), baylink::kMaxPods);
+
+    if (const juce::ScopedLock lock (awaitedLock); ! awaitedLinks.isEmpty())
+    {
+        numLinked = awaitedLinks.size();
+        std::copy (awaitedLinks.begin(), awaitedLinks.end(), ids.begin());
+    }
 
     xml.setAttribute ("PODNAME",
                       juce::String::fromUTF8 (info.name, static_cast<int> (strnlen (info.name, sizeof (info.name)))));
@@ -78,5 +84,16 @@ void OxJucePodUser::readPodState (const juce::XmlElement& xml)
     for (int i = 0; i < numLinked; ++i)
         ids[static_cast<std::size_t> (i)] = xml.getIntAttribute (linkedIdAttribute (i), 0);
 
+    {
+        const juce::ScopedLock lock (awaitedLock);
+        awaitedLinks = juce::Array<baylink::PodId> (ids.data(), numLinked);
+    }
+
     manager->restorePod (this, uniqueId, name.toRawUTF8(), numConnections, numLinked, ids.data());
+}
+
+void OxJucePodUser::forgetAwaitedLinks()
+{
+    const juce::ScopedLock lock (awaitedLock);
+    awaitedLinks.clear();
 }

@@ -14,9 +14,17 @@ public:
     int getPodKind() override { return 2; }
 
 protected:
-    /** Writes the own pod and its links as attributes; nothing without a manager. */
+    /** Writes the own pod and its links as attributes; nothing without a manager. Links of a loaded state that still wait
+        for their pods are written in place of those that stand meanwhile, so that a save in between loses none. */
     void writePodState (juce::XmlElement& xml);
 
     /** Hands to the manager what `writePodState` wrote; the manager answers through `onPodLinked`. */
     void readPodState (const juce::XmlElement& xml);
+
+    /** The links of the loaded state are there, or the user has chosen others [any thread but the audio thread]. */
+    void forgetAwaitedLinks();
+
+private:
+    juce::CriticalSection awaitedLock;
+    juce::Array<baylink::PodId> awaitedLinks;   // of the loaded state; guarded by awaitedLock
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "adapters/HostTools.h"
 #include "platform/Library.h"
 #include "pod/IPod.h"
 
@@ -8,16 +9,9 @@
 #include <random>
 #include <thread>
 
-#include <juce_audio_basics/juce_audio_basics.h>
-
-#include <gtest/gtest.h>
-#include <pluginterfaces/gui/iplugview.h>
-#include <pluginterfaces/vst/ivstparameterchanges.h>
-#include <pluginterfaces/vst/ivstprocesscontext.h>
-#include <public.sdk/source/common/memorystream.h>
 #include <public.sdk/source/vst/hosting/hostclasses.h>
-#include <public.sdk/source/vst/vstcomponent.h>
-#include <public.sdk/source/vst/vsteditcontroller.h>
+
+#include <juce_audio_processors/format_types/juce_VST3Headers.h>
 
 using namespace Steinberg;
 using namespace Steinberg::Vst;
@@ -29,9 +23,9 @@ struct HostObject : Interfaces...
     ~HostObject() { EXPECT_EQ (references, 0u); }
     tresult PLUGIN_API queryInterface (const TUID wanted, void** object) override
     {
-        const auto is = [wanted] (const FUID& one) { return FUnknownPrivate::iidEqual (wanted, one); };
         *object = nullptr;
-        ((*object = is (Interfaces::iid) ? static_cast<Interfaces*> (this) : *object), ...);
+        ((*object = FUnknownPrivate::iidEqual (wanted, Interfaces::iid) ? static_cast<Interfaces*> (this) : *object),
+         ...);
         return *object != nullptr ? (addRef(), kResultOk) : kNoInterface;
     }
     uint32 PLUGIN_API addRef() override { return ++references; }
@@ -48,38 +42,29 @@ struct Changes final : HostObject<IParameterChanges, IParamValueQueue>
     IParamValueQueue* PLUGIN_API addParameterData (const ParamID&, int32&) override { return nullptr; }
     ParamID PLUGIN_API getParameterId() override { return id; }
     int32 PLUGIN_API getPointCount() override { return static_cast<int32> (values.size()); }
-    tresult PLUGIN_API getPoint (int32 index, int32& offset, ParamValue& value) override
+    tresult PLUGIN_API getPoint (int32 index, int32&, ParamValue& value) override
     {
-        return index < 0 || index >= getPointCount() ? kResultFalse
-                                                     : (value = values[unsigned (offset = index)], kResultTrue);
+        const auto exists = index >= 0 && index < getPointCount();
+        return exists ? (value = values[static_cast<unsigned> (index)], kResultTrue) : kResultFalse;
     }
     tresult PLUGIN_API addPoint (int32, ParamValue, int32&) override { return kResultFalse; }
     const ParamID id;
     const std::vector<ParamValue> values;
 };
 
-/** How a host answers an event handler, if it has an event loop at all. */
-enum class Loop
+/** What a host offers. Its loop takes each descriptor once. */
+struct Host final : HostObject<IComponentHandler, IPlugFrame, Linux::IRunLoop>
 {
-    none,
-    unimplemented,
-    refuses,
-    runs
-};
-
-/** All that a host offers. Its loop takes each descriptor once. */
-struct Host final : HostObject<IHostApplication, IComponentHandler, IPlugFrame, Linux::IRunLoop>
-{
+    void pump()
+    {
+        for (const auto& [descriptor, handler] : std::map (handlers))
+            if (pollfd entry { descriptor, POLLIN, 0 }; handlers.count (descriptor) > 0 && ::poll (&entry, 1, 1) > 0)
+                handler->onFDIsSet (descriptor);
+    }
     tresult PLUGIN_API queryInterface (const TUID wanted, void** object) override
     {
-        const auto hidden = loop == Loop::none && FUnknownPrivate::iidEqual (wanted, Linux::IRunLoop::iid);
+        const auto hidden = ! loop && FUnknownPrivate::iidEqual (wanted, Linux::IRunLoop::iid);
         return hidden ? (*object = nullptr, kNoInterface) : HostObject::queryInterface (wanted, object);
-    }
-    tresult PLUGIN_API getName (String128) override { return kNotImplemented; }
-    tresult PLUGIN_API createInstance (TUID, TUID, void** object) override
-    {
-        *object = makesMessages ? static_cast<IMessage*> (new HostMessage()) : nullptr;
-        return makesMessages ? kResultOk : kNotImplemented;
     }
     tresult PLUGIN_API beginEdit (ParamID) override { return kResultOk; }
     tresult PLUGIN_API performEdit (ParamID id, ParamValue value) override { return edits[id] = value, kResultOk; }
@@ -88,28 +73,18 @@ struct Host final : HostObject<IHostApplication, IComponentHandler, IPlugFrame, 
     tresult PLUGIN_API resizeView (IPlugView* view, ViewRect* size) override { return view->onSize (size); }
     tresult PLUGIN_API registerEventHandler (Linux::IEventHandler* handler, int descriptor) override
     {
-        if (loop == Loop::runs && handlers.emplace (descriptor, handler).second)
-            return kResultOk;
-
-        return ++refusals, loop == Loop::unimplemented ? kNotImplemented : kResultFalse;
+        const auto twice = loop == kResultOk && ! handlers.emplace (descriptor, handler).second;
+        return twice ? (++refusals, kResultFalse) : *loop;
     }
-    tresult PLUGIN_API unregisterEventHandler (Linux::IEventHandler*) override { return handlers.clear(), kResultOk; }
+    tresult PLUGIN_API unregisterEventHandler (Linux::IEventHandler*) override { return handlers.clear(), *loop; }
     tresult PLUGIN_API registerTimer (Linux::ITimerHandler*, uint64) override { return kNotImplemented; }
     tresult PLUGIN_API unregisterTimer (Linux::ITimerHandler*) override { return kNotImplemented; }
-    void pump()
-    {
-        for (const auto& [descriptor, handler] : std::map (handlers))
-            if (pollfd entry { descriptor, POLLIN, 0 }; handlers.count (descriptor) > 0 && ::poll (&entry, 1, 1) > 0)
-                handler->onFDIsSet (descriptor);
-    }
-
-    FUnknown* context() { return static_cast<IHostApplication*> (this); }
-
-    Loop loop = Loop::none;
-    bool makesMessages = true;
+    std::optional<tresult> loop;   // what it answers to an event handler, if there is a loop at all
     int refusals = 0;
     std::map<int, Linux::IEventHandler*> handlers;   // by descriptor
     std::map<ParamID, ParamValue> edits;             // the latest of each parameter
+    HostApplication messages;
+    FUnknown* context = &messages;   // null for a host that makes none
 };
 
 /** A manager with one pod that links to everybody; it notes who ticks, and where blocks are read. */
@@ -119,11 +94,10 @@ struct NotingManager final : baylink::IPodManager
     {
         static IPodManager* current;
         current = this;
-        const auto library =
-            platform::loadLibrary (DUO_HOMES "noted/.local/lib/ORVEX Audio/ORVEX BayLinkLib 64bit.dll");
-        *static_cast<void (**) (baylink::IPod*, int)> (platform::findExport (library, "answer")) =
-            [] (baylink::IPod* pod, int channels)
-        { pod->manager = channels > 0 ? current : nullptr, pod->id = channels > 0 ? 7 : baylink::kNoPod; };
+        const auto connect = [] (baylink::IPod* pod, int channels)
+        { channels > 0 ? (pod->manager = current, pod->id = 7) : 0; };
+        const auto library = platform::loadLibrary (DUO_HOME "/.local/lib/ORVEX Audio/ORVEX BayLinkLib 64bit.dll");
+        *static_cast<void (**) (baylink::IPod*, int)> (platform::findExport (library, "answer")) = connect;
     }
     void disconnect (int) override {}
     int getPodIds (int* ids) override { return ticker = std::this_thread::get_id(), ++ticks, *ids = 1; }
@@ -162,26 +136,35 @@ struct Module
     {
         return reinterpret_cast<Function*> (platform::findExport (library, name));
     }
+
+    /** Makes an object of the class at `index`: 0 the component, 1 the controller. */
     template <typename Interface>
-    IPtr<Interface> make (int32 index)   // 0 for the component, 1 for the controller
+    IPtr<Interface> make (int32 index)
     {
         PClassInfo info;
         void* made = nullptr;
-        EXPECT_EQ (factory->getClassInfo (index, &info), kResultOk);
-        EXPECT_EQ (factory->createInstance (info.cid, Interface::iid, &made), kResultOk);
+        EXPECT_EQ (factory->getClassInfo (index, &info) | factory->createInstance (info.cid, Interface::iid, &made),
+                   kResultOk);
         return owned (static_cast<Interface*> (made));
     }
     const platform::LibraryHandle library = platform::loadLibrary (DUO_PLUGIN_FILE);
     IPluginFactory* const factory = find<IPluginFactory*()> ("GetPluginFactory")();
 };
 
+inline std::string save (IComponent& component)
+{
+    MemoryStream stream;
+    EXPECT_EQ (component.getState (&stream), kResultOk);
+    return { stream.getData(), static_cast<std::size_t> (stream.getSize()) };
+}
+
 /** A component and its controller in a host's usual order of calls. */
 struct Instance
 {
-    explicit Instance (Module& module, Host& host) :
+    Instance (Module& module, Host& host) :
         component (module.make<IComponent> (0)), controller (module.make<IEditController> (1))
     {
-        EXPECT_EQ (component->initialize (host.context()) | controller->initialize (host.context()), kResultOk);
+        EXPECT_EQ (component->initialize (host.context) | controller->initialize (host.context), kResultOk);
         EXPECT_EQ (controller->setComponentHandler (&host), kResultOk);
         EXPECT_EQ (ends[0]->connect (ends[1]) | ends[1]->connect (ends[0]), kResultOk);
         EXPECT_EQ (setUp (44100.0, 8192) | component->setActive (1), kResultOk);
@@ -197,27 +180,24 @@ struct Instance
         ProcessSetup setup { mode, sampleSize, blockSize, rate };
         return audio->setupProcessing (setup);
     }
-    /** Processes `in` into `out`, or parameter changes alone. */
-    tresult process (juce::AudioSampleBuffer* in, juce::AudioSampleBuffer* out, IParameterChanges* changes = nullptr,
-                     ProcessContext* context = nullptr)
+
+    /** Processes `in` into `out`; with neither there is no sample and no bus. */
+    tresult process (Audio* in, Audio* out, IParameterChanges* changes = nullptr, ProcessContext* context = nullptr)
     {
         AudioBusBuffers buses[2];
         ProcessData data;
-        const juce::AudioSampleBuffer* const buffers[] { in, out };
+        const auto fill = [&data] (Audio* audioOfBus, AudioBusBuffers& bus, AudioBusBuffers*& list, int32& count)
+        {
+            if (audioOfBus == nullptr)
+                return;
 
-        for (const auto side : { 0, 1 })
-            if (auto* const buffer = buffers[side])
-            {
-                (side == 0 ? data.inputs : data.outputs) = &buses[side];
-                (side == 0 ? data.numInputs : data.numOutputs) = 1;
-                data.numSamples = buffer->getNumSamples();
-                buses[side].numChannels = buffer->getNumChannels();
-                buses[side].channelBuffers32 = const_cast<float**> (buffer->getArrayOfReadPointers());
-                buses[side].silenceFlags = 3;
-            }
-
-        data.inputParameterChanges = changes;
-        data.processContext = context;
+            data.numSamples = audioOfBus->getNumSamples(), bus.numChannels = audioOfBus->getNumChannels();
+            bus.channelBuffers32 = const_cast<float**> (audioOfBus->getArrayOfWritePointers());
+            list = &bus, count = 1, bus.silenceFlags = 3;
+        };
+        fill (in, buses[0], data.inputs, data.numInputs);
+        fill (out, buses[1], data.outputs, data.numOutputs);
+        data.inputParameterChanges = changes, data.processContext = context;
         const auto result = audio->process (data);
         EXPECT_TRUE (result != kResultOk || buses[1].silenceFlags == 0);
         return result;
@@ -227,16 +207,14 @@ struct Instance
         Changes changes (id, std::move (points));
         EXPECT_EQ (process (nullptr, nullptr, &changes), kResultOk);
     }
-    std::string save()
-    {
-        MemoryStream stream;
-        EXPECT_EQ (component->getState (&stream), kResultOk);
-        return { stream.getData(), static_cast<std::size_t> (stream.getSize()) };
-    }
     void load (std::string state)
     {
-        MemoryStream stream (state.data(), static_cast<TSize> (state.size())), copy (stream);
-        EXPECT_EQ (component->setState (&stream) | controller->setComponentState (&copy), kResultOk);
+        for (const auto isController : { false, true })
+        {
+            MemoryStream stream (state.data(), static_cast<TSize> (state.size()));
+            EXPECT_EQ (isController ? controller->setComponentState (&stream) : component->setState (&stream),
+                       kResultOk);
+        }
     }
     const IPtr<IComponent> component;
     const IPtr<IEditController> controller;
@@ -244,31 +222,35 @@ struct Instance
     const FUnknownPtr<IConnectionPoint> ends[2] { component.get(), controller.get() };
 };
 
-/** Loads the plug-in in a home that has a manager; at the end no thread of it may be left. */
+/** Loads the plug-in; at the end no thread of it may be left. */
 struct PlugInTest : testing::Test
 {
-    explicit PlugInTest (const std::string& home = "noted") { ::setenv ("HOME", (DUO_HOMES + home).c_str(), 1); }
     ~PlugInTest() override
     {
-        await ([this] { return countThreads() == threadsBefore; });
+        await ([this] { return threads.getNumberOfChildFiles (1) == threadsBefore; });
     }
 
     /** Waits for what another thread brings about. */
     static void await (const std::function<bool()>& condition)
     {
-        const auto deadline = juce::Time::currentTimeMillis() + 20000;
-
-        while (! condition() && juce::Time::currentTimeMillis() < deadline)
-            juce::Thread::yield();
+        for (const auto end = juce::Time::currentTimeMillis() + 20000; ! condition();)
+            if (std::this_thread::yield(); juce::Time::currentTimeMillis() > end)
+                break;
 
         EXPECT_TRUE (condition());
     }
-    static int countThreads()
-    {
-        return juce::File ("/proc/self/task").getNumberOfChildFiles (juce::File::findDirectories);
-    }
 
-    const int threadsBefore = countThreads();
+    /** Waits for a few ticks that come from now on. @returns whether they come on this thread, which runs the host's loop */
+    bool ticksHere()
+    {
+        await ([this, now = manager.ticks.load()] { return host.pump(), manager.ticks > now + 1; });
+        return manager.ticker.load() == std::this_thread::get_id();
+    }
+    const juce::File threads { "/proc/self/task" };
+
+    // A sanitizer starts a thread of its own with the first one.
+    const int threadsBefore =
+        (::setenv ("HOME", DUO_HOME, 1), std::thread ([] {}).join(), threads.getNumberOfChildFiles (1));
     NotingManager manager;
     Host host;
     Module module;

@@ -6,10 +6,10 @@ struct DeskProgramTest : testing::Test
 {
     DeskProgramTest()
     {
-        rig.write ("a.wav", DeskRig::noise (2, 44100, 1));
-        rig.write ("-b.ogg", DeskRig::noise (1, 49000, 2), 48000);
-        rig.write ("none.wav", juce::AudioSampleBuffer (2, 0));
-        rig.write ("fast.wav", DeskRig::noise (1, 9, 3), 1536001);
+        rig.write ("a.wav", noise (2, 44100, 1));
+        rig.write ("-b.ogg", noise (1, 49000, 2), 48000);
+        rig.write ("none.wav", Audio (2, 0));
+        rig.write ("fast.wav", noise (1, 9, 3), 1536001);
         rig.file ("empty.wav").create();
         rig.file ("noise.wav").replaceWithText (juce::String::repeatedString ("no sound ", 99));
         rig.file ("bad.txt").replaceWithText ("0 select A\n0.1 selekt B\n");

@@ -2,18 +2,14 @@
 #pragma once
 
 #include "OfflineRender.h"
-
-#include <gtest/gtest.h>
+#include "adapters/HostTools.h"
 
 #include <cstdlib>
 #include <sstream>
 
 /** A folder of its own for sound files, and a home in which the built plug-ins and their manager are installed. */
-class DeskRig
+struct DeskRig
 {
-public:
-    using Audio = juce::AudioSampleBuffer;
-
     static constexpr int kRate = 44100, kCrossfade = kRate * 40 / 1000;   // hertz, samples
 
     DeskRig()
@@ -23,19 +19,6 @@ public:
     }
 
     ~DeskRig() { folder.deleteRecursively(); }
-
-    /** White noise within half of full scale, the same for the same seed, of numbers that 24 bits hold. */
-    static Audio noise (int numChannels, int numSamples, int seed)
-    {
-        juce::Random random (seed);
-        Audio audio (numChannels, numSamples);
-
-        for (int i = 0; i < numChannels * numSamples; ++i)
-            audio.setSample (i % numChannels, i / numChannels,
-                             static_cast<float> (random.nextInt (1 << 23) - (1 << 22)) / (1 << 23));
-
-        return audio;
-    }
 
     juce::File file (const juce::String& name) const { return folder.getChildFile (name); }
 
@@ -97,7 +80,5 @@ public:
     }
 
     juce::String printed;   // by the last render
-
-private:
     const juce::File folder = juce::File::createTempFile ("desk");
 };

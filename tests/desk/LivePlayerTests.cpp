@@ -9,9 +9,9 @@ struct LivePlayerTest : testing::Test
 {
     LivePlayerTest() { player.deviceStarts (DeskRig::kRate); }
 
-    juce::AudioSampleBuffer play (int numSamples)
+    Audio play (int numSamples)
     {
-        juce::AudioSampleBuffer heard (2, numSamples);
+        Audio heard (2, numSamples);
 
         for (int done = 0, length = 1; done < numSamples; done += length)
         {
@@ -24,7 +24,7 @@ struct LivePlayerTest : testing::Test
     }
 
     /** From `start` on the next `numSamples` are to be the loop of `source`, fed from `position` on. */
-    void expectLoop (int numSamples, const juce::AudioSampleBuffer& source, int start, juce::int64 position)
+    void expectLoop (int numSamples, const Audio& source, int start, juce::int64 position)
     {
         const auto heard = play (numSamples);
         const auto offset = static_cast<int> (position) + kLoop - kLatency;
@@ -34,8 +34,8 @@ struct LivePlayerTest : testing::Test
     }
 
     DeskRig rig;
-    const desk::Material material { { "a", DeskRig::noise (2, kLoop, 1), DeskRig::kRate },
-                                    { "b", DeskRig::noise (2, kLoop, 2), DeskRig::kRate } };
+    const desk::Material material { { "a", noise (2, kLoop, 1), DeskRig::kRate },
+                                    { "b", noise (2, kLoop, 2), DeskRig::kRate } };
     desk::LiveDevice noDevice;   // never opened
     const std::unique_ptr<desk::ComparisonGraph> graph = DeskRig::makeGraph (material);
     desk::LivePlayer player { *graph, noDevice };

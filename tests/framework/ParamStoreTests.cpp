@@ -52,27 +52,3 @@ TEST (GestureTest, FollowersAreHeldUntilTheLastHandLetsGo)
     rig->endGesture (Resume);
     EXPECT_EQ (rig->told, "8=1 4< 3< 3=1 4=1 9< 9=1 3=0 4> 9> 3> ");
 }
-
-TEST (UndoTest, ADragIsOneStepAndAWriteTakesItsConsequenceAlong)
-{
-    auto rig = std::make_unique<Rig>();
-
-    for (const auto gain : { 0.6f, 0.7f, 0.8f })
-        rig->setParamUndoable (SendGain, gain, true);
-
-    EXPECT_EQ (rig->getNumActionsInCurrentTransaction(), 1);
-    rig->beginNewTransaction();
-
-    const std::tuple<int, float, const char*> steps[] {
-        { ToggleXY, 1.0f, "OnOn6.0dB" }, { Undo, 0.5f, "OnOn6.0dB" },   { Undo, 1.0f, "OffOff6.0dB" },
-        { Redo, 1.0f, "OnOn6.0dB" },     { Undo, 1.0f, "OffOff6.0dB" }, { Undo, 1.0f, "OffOff0.0dB" }
-    };
-
-    for (const auto& [param, value, texts] : steps)
-    {
-        rig->setParamUndoable (param, value, true);
-        EXPECT_EQ (rig->getParameterText (ToggleXY) + rig->getParameterText (ToggleAB) +
-                       rig->getParameterText (SendGain),
-                   texts);
-    }
-}

@@ -171,7 +171,7 @@ TEST (StateTest, ForeignBytesAreKeptUntilTheUserAgreesToLoseThem)
         next->stream (rig->save());
         EXPECT_TRUE (next->boxes.isEmpty() && next->save (true) == rig->save());
         EXPECT_NE (rig->save().find (" LOADEDFROMPREV=\"9."), std::string::npos);
-        rig->stream (rig->save());
+        rig->stream (rig->save()), rig->answer (false);
         EXPECT_EQ (rig->save (true), next->save());
         const auto late = rig->answer;
         rig.reset();

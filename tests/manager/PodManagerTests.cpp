@@ -148,3 +148,22 @@ TEST_F (PodManagerTest, LinksManyListenersAndEightPodsEach)
     EXPECT_EQ (listener.removals + other.removals, 2);
     EXPECT_TRUE (listener.linkedPods().size() == 7 && other.linkedPods().empty());
 }
+
+TEST_F (PodManagerTest, ReadsTheChannelsThatItsListenerWasToldOf)
+{
+    manager.openStream (sender.id, 1);
+    listener.choose (sender.id);
+    manager.openStream (sender.id, 2);   // which the first read does not know yet
+    std::vector<float> ones (64, 1.0f), left (64), right (64, 7.0f);
+    const float* const both[] = { ones.data(), nullptr };
+    float* const channels[] = { left.data(), right.data() };
+
+    for (int block = 0; block < 100; ++block)
+        manager.writeAudio (sender.id, both, 64);
+
+    for (const auto& expected : { std::pair (0.0f, 7.0f), { 1.0f, 0.0f } })
+    {
+        manager.readAudio (listener.id, channels, 64, sender.id);
+        EXPECT_EQ (std::pair (left.front(), right.front()), expected);
+    }
+}

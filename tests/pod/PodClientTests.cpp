@@ -29,12 +29,10 @@ struct Manager final : IPodManager
     void disconnect (PodId id) override { note ("disconnect", id); }
     int getPodIds (PodId* ids) override
     {
-        return [&]
-        {
-            for (auto& pod : pods)
-                *ids++ = pod.first;
-        }(),
-               int (pods.size());
+        for (const auto& pod : pods)
+            *ids++ = pod.first;
+
+        return int (pods.size());
     }
     PodInfo getPodInfo (PodId id) override { return pods[id]; }
     void restorePod (IPod*, PodId unique, const char* name, int count, int linked, const PodId* ids) override
@@ -175,11 +173,11 @@ TEST_F (PodClient, UnlinksBeforeItLinksAndLeavesEachPodItsGain)
     EXPECT_EQ (take(), "link 7 1;link 7 1;gain 1 0.250000;disconnect 7;");
 }
 
-TEST_F (PodClient, EndsTheTestWhenItsPodLeaves)
+TEST_F (PodClient, CountsAVoteOnReleaseAndEndsTheTestWhenItsPodLeaves)
 {
     rig->timerTick();
 
-    for (const auto& [param, value] : { std::pair (ToggleAB, 1.0f), { Choose, 1.0f }, { Choose, 0.0f } })
+    for (const auto& [param, value] : { std::pair (Choose, 1.0f), { ToggleAB, 1.0f }, { Choose, 0.0f } })
         rig->setParamDirect (param, value, false);
 
     rig->onPodRemoved (2);
@@ -223,7 +221,7 @@ TEST_F (PodClient, ReadsAtTheTimelineUnlessTheHostOrTheUserSaysOtherwise)
     }
 }
 
-TEST_F (PodClient, CarriesItsLinksThroughASavedState)
+TEST_F (PodClient, CarriesItsLinksAndThoseItWaitsForThroughASavedState)
 {
     juce::XmlElement saved ("S");
     rig->writeExtraState (saved);
@@ -232,13 +230,25 @@ TEST_F (PodClient, CarriesItsLinksThroughASavedState)
         "<S PODNAME=\"DuoJudge\" UNIQUEID=\"7\" NUMOFCONNECTIONS=\"3\" NUMOFLINKEDCONNECTIONS=\"1\" LINKEDID0=\"1\""
         " A_SELECT_NAME=\"\"/>");
 
-    for (const auto& [count, uniqueId] : { std::pair (1, 7), { 2000000000, 7 }, { -5, 7 }, { 1, -1 } })
+    saved.setAttribute ("LINKEDID0", 77);
+
+    for (const auto& [count, uniqueId] : { std::pair (2000000000, 7), { -5, 7 }, { 1, -1 }, { 1, 7 } })
     {
         saved.setAttribute ("NUMOFLINKEDCONNECTIONS", count);
         saved.setAttribute ("UNIQUEID", uniqueId);
         rig->readExtraState (saved);
     }
-    EXPECT_EQ (take(), "DuoJudge 7 3 1 1;DuoJudge 7 3 4096 0;DuoJudge 7 3 0 -1;");
+
+    EXPECT_EQ (take(), "DuoJudge 7 3 4096 0;DuoJudge 7 3 0 -1;DuoJudge 7 3 1 77;");
+    rig->timerTick();
+
+    // It saves the link that it still waits for until one is made.
+    for (const auto expected : { 77, 1 })
+    {
+        rig->writeExtraState (saved);
+        EXPECT_EQ (saved.getIntAttribute ("LINKEDID0"), expected);
+        rig->onPodLinked (rig->id, 2);
+    }
 }
 
 }   // namespace

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "BayLinkSendProcessor.h"
+#include "adapters/HostTools.h"
 #include "platform/KnownFolders.h"
 #include "pod/OxJucePodUser.h"
 #include "support/AudioThreadGuard.h"
-
-#include <gtest/gtest.h>
 
 namespace
 {
@@ -59,12 +58,7 @@ struct BayLinkSendTest : testing::Test, juce::AudioPlayHead
 
 TEST_F (BayLinkSendTest, PassesTheTrackLateBitForBitAndFeedsItAtItsPositionUntilItIsRemoved)
 {
-    juce::VST3PluginFormat format;
-    juce::OwnedArray<juce::PluginDescription> found;
-    juce::String error;
-    format.findAllTypesForFile (found, DUO_SENDER_BUNDLE);
-
-    auto plugin = format.createInstanceFromDescription (*found[0], 44100.0, 4096, error);
+    auto plugin = loadInToolkit (DUO_SENDER_BUNDLE);
     EXPECT_FALSE (plugin->setBusesLayout ({ { juce::AudioChannelSet::mono() }, { juce::AudioChannelSet::stereo() } }));
     EXPECT_TRUE (plugin->setBusesLayout ({ { juce::AudioChannelSet::mono() }, { juce::AudioChannelSet::mono() } }));
     plugin->updateTrackProperties ({ "Drums", {} });
@@ -74,32 +68,27 @@ TEST_F (BayLinkSendTest, PassesTheTrackLateBitForBitAndFeedsItAtItsPositionUntil
 
     Listener listener;
     juce::Random random (1);
-    std::vector<float> track, passed, heard;
-    juce::AudioSampleBuffer block (1, 4096), read (1, 4096);
+    auto track = noise (1, 60000), passed = track, heard = track;
     position.setIsPlaying (true);
 
-    while (track.size() < 60000)
+    for (int start = 0, length = 0; start < track.getNumSamples(); start += length)
     {
-        const auto time = 50000 + static_cast<juce::int64> (track.size());
-        const auto length = 1 + random.nextInt (random.nextBool() ? 64 : 4096);
+        const auto time = 50000 + start;
+        length = 1 + random.nextInt (random.nextBool() ? 64 : 4096);
+        auto block = stretch (passed, start, length), read = stretch (heard, start, length);
         position.setTimeInSamples (time);
-        block.setSize (1, length, false, false, true);
-
-        for (int i = 0; i < length; ++i)
-            block.setSample (0, i, track.emplace_back (random.nextFloat() - 0.5f));
 
         // From the middle on, and before the sender: only positions tell the listener where it is.
-        if (track.size() > 30000)
+        if (start > 30000)
             listener.onPodLinked (listener.id, listener.find ("Drums"));
 
-        listener.manager->readAudioAt (listener.id, read.getArrayOfWritePointers(), length, listener.linked, time);
+        listener.manager->readAudioAt (listener.id, read.getArrayOfWritePointers(), read.getNumSamples(),
+                                       listener.linked, time);
         random.nextBool() ? plugin->processBlock (block, midi) : plugin->processBlockBypassed (block, midi);
-        heard.insert (heard.end(), read.getReadPointer (0), read.getReadPointer (0) + length);
-        passed.insert (passed.end(), block.getReadPointer (0), block.getReadPointer (0) + length);
     }
 
-    EXPECT_TRUE (std::equal (passed.begin() + 4096, passed.end(), track.begin()));
-    EXPECT_TRUE (std::equal (heard.begin() + 45000, heard.end(), track.begin() + 45000 - 4096));
+    EXPECT_TRUE (isLate (passed, track, 0, 4096));
+    EXPECT_TRUE (isLate (heard, track, 0, 45000));
     plugin.reset();
     EXPECT_EQ (listener.manager->getPodInfo (listener.linked).valid, 0);
 }

@@ -15,7 +15,7 @@ namespace
 
 std::mutex mutex;                                            // of both below
 std::vector<std::weak_ptr<SharedProcessor>> lastInstances;   // those that live, and the one made last at the end
-juce::int64 numMade = 0;
+juce::int64 lastNumber = 0;
 
 }   // namespace
 
@@ -33,7 +33,11 @@ SharedProcessor::Ptr SharedProcessor::create()
     }
 
     const std::lock_guard<std::mutex> lock (mutex);
-    Ptr shared (new SharedProcessor (++numMade, std::move (made)), MessageThread::destroy<SharedProcessor>);
+
+    if (lastNumber == 0)
+        lastNumber = juce::Random::getSystemRandom().nextInt64();   // another process counts from elsewhere
+
+    Ptr shared (new SharedProcessor (++lastNumber, std::move (made)), MessageThread::destroy<SharedProcessor>);
     lastInstances.erase (
         std::remove_if (lastInstances.begin(), lastInstances.end(), [] (const auto& one) { return one.expired(); }),
         lastInstances.end());

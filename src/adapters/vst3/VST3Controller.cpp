@@ -233,8 +233,8 @@ ParamValue PLUGIN_API VST3Controller::getParamNormalized (ParamID tag)
 
 tresult PLUGIN_API VST3Controller::setParamNormalized (ParamID tag, ParamValue value)
 {
-    if (isProcessorParameter (tag))
-        shared->get().setParameter (static_cast<int> (tag), static_cast<float> (value));
+    if (auto* const judge = getJudge(); judge != nullptr && tag < static_cast<ParamID> (kMaxParams))
+        judge->setParameter (static_cast<int> (tag), static_cast<float> (value));
 
     return EditController::setParamNormalized (tag, value);
 }

@@ -49,23 +49,24 @@ tresult PLUGIN_API VST3Editor::attached (void* parent, FIDString type)
     if (isAttached() || ! makeWrapper())
         return kResultFalse;
 
+    {
+        const MessageThread::Lock lock;
+        errorGuard.emplace();   // connects too, so that a loop is offered every descriptor at once
+    }
+
+    if (! errorGuard->isConnected())
+    {
+        close();
+        return kResultFalse;
+    }
+
     if (HostRunLoop::borrow (offeredLoop))
         borrowedLoop = offeredLoop;
 
-    {
-        const MessageThread::Lock lock;
-        errorGuard.emplace();
-
-        if (errorGuard->isConnected())
-        {
-            wrapper->setVisible (true);
-            wrapper->addToDesktop (0, parent);
-            return CPluginView::attached (parent, type);
-        }
-    }
-
-    close();
-    return kResultFalse;
+    const MessageThread::Lock lock;
+    wrapper->setVisible (true);
+    wrapper->addToDesktop (0, parent);
+    return CPluginView::attached (parent, type);
 }
 
 tresult PLUGIN_API VST3Editor::removed()

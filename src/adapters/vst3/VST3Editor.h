@@ -5,6 +5,8 @@
 #include "adapters/vst3/VST3Controller.h"
 #include "platform/EmbeddedWindow.h"
 
+#include <optional>
+
 #include <public.sdk/source/common/pluginview.h>
 
 namespace Steinberg

@@ -259,7 +259,8 @@ tresult VST3Processor::processAudio (ProcessData& data)
     for (int32 bus = 0; bus < data.numOutputs; ++bus)
         data.outputs[bus].silenceFlags = 0;
 
-    const auto numChannels = std::min ({ data.inputs[0].numChannels, data.outputs[0].numChannels, kMostChannels });
+    const auto numOutputs = std::min (data.outputs[0].numChannels, kMostChannels);
+    const auto numChannels = std::min (data.inputs[0].numChannels, numOutputs);
 
     for (int32 channel = 0; channel < numChannels; ++channel)
     {
@@ -269,6 +270,10 @@ tresult VST3Processor::processAudio (ProcessData& data)
         if (inputs[channel] != outputs[channel])
             std::copy_n (inputs[channel], data.numSamples, outputs[channel]);
     }
+
+    for (int32 channel = numChannels; channel < numOutputs; ++channel)
+        if (outputs[channel] != nullptr)
+            std::fill_n (outputs[channel], data.numSamples, 0.0f);
 
     juce::AudioSampleBuffer block (outputs, numChannels, data.numSamples);
 

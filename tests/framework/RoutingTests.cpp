@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "framework/Rig.h"
+
+using namespace duoJudge;
+
+TEST (RoutingTest, KeepsTheCodesOfEachBusAndReplacesTheOthersByTheFormatsOwn)
+{
+    // By families of buses, up to 2, 6, 8, 10, 12 and more channels; a '#' for each code from 0 that stands.
+    const std::array<std::string_view, 5> standing { "", "###..............##", "...#######...##.........##",
+                                                     "...............#####", "........................##" };
+    const std::array<int, 6> avid { 0, 0, 3, 15, 24, 100 }, vst { 1, 1, 9, 16, 25, 100 }, au { 2, 2, 3, 16, 25, 100 },
+        other { 1, 1, 3, 16, 25, 100 };
+    int type = 0;
+
+    for (const auto& own : { other, vst, au, avid, avid, other, other, vst })
+    {
+        const auto processor = std::make_unique<DuoJudgeProcessor> (type++);
+
+        for (std::size_t i = 0; i < 16 * 101; ++i)
+        {
+            const auto channels = static_cast<int> (i / 101 + 1), code = static_cast<int> (i % 101);
+            const auto family = static_cast<std::size_t> ("0011112233445555"[i / 101] - '0');
+            const auto stands = family == 5 || standing[family].find ('#', i % 101) == i % 101;
+            const auto inForce = family == 0 ? 1 : stands && code != 99 ? code : own[family];
+            processor->setPlayConfigDetails (channels, channels, 44100.0, 64);
+            processor->parameter (Routing).value = thousandths::fromCode (code);
+            ASSERT_EQ (processor->getRoutingForChannels (-1), inForce) << type << " " << channels << " " << code;
+            ASSERT_EQ (processor->getParamCode (Routing), family == 0 || code == 99 ? code : inForce);
+            ASSERT_EQ (processor->getDefaultRouting (-1), own[family]);
+        }
+    }
+}
+
+TEST (RoutingTest, RemembersWhatTheUserChoseForAFamilyOfBuses)
+{
+    auto rig = std::make_unique<Rig>();
+
+    // Chosen at so many channels, this code; at so many, what is in force then.
+    constexpr int rows[][4] { { 6, 2, 5, 2 }, { 4, 17, 6, 1 },   { 7, 5, 8, 9 },
+                              { 8, 5, 7, 5 }, { 10, 18, 9, 18 }, { 12, 24, 12, 25 } };
+
+    for (const auto& [chosenAt, code, askedAt, inForce] : rows)
+    {
+        rig->setPlayConfigDetails (chosenAt, chosenAt, 44100.0, 512);
+        rig->parameter (Routing).editedByGui = true;
+        rig->setParamDirect (Routing, thousandths::fromCode (code), false);
+        rig->parameter (Routing).editedByGui = false;
+        rig->setParamDirect (Routing, 0.1f, false);
+        EXPECT_EQ (rig->getRoutingForChannels (askedAt), inForce) << chosenAt;
+    }
+}
