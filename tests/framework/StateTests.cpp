@@ -204,11 +204,11 @@ TEST (StateTest, TheDecimalMarkIsAPointWhereACommaIsTheCustom)
 {
     ::setenv ("LOCPATH", fixtures.getChildFile ("locale").getFullPathName().toRawUTF8(), 1);
     const auto custom = std::setlocale (LC_NUMERIC, "comma") != nullptr;
+    ::unsetenv ("LOCPATH");
     auto rig = make();
     rig->load (root ("><PRESET0 Resume='0.00100000005'/>"));
     const auto saved = rig->save();
     std::setlocale (LC_NUMERIC, "C");
-    ::unsetenv ("LOCPATH");
     EXPECT_EQ (rig->getParameter (Resume), 0.001f);
     EXPECT_NE (saved.find (" Resume=\"0.00100000005\" PRESETNAME"), std::string::npos) << saved;
 
