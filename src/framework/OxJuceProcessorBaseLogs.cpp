@@ -17,7 +17,6 @@ std::atomic<int> instanceCount { 0 };
 
 juce::CriticalSection logsLock;             // hosts build and drop processors on several threads at once
 juce::FileLogger* sharedLogger = nullptr;   // owned by the living processors together
-juce::Logger* formerLogger = nullptr;       // the host's, put back when ours goes
 
 /** Cuts a long file down to its last lines. The toolkit would do so by itself, but gives up at the first byte of nought, and
     files have them after a crash of the machine. */
@@ -85,7 +84,6 @@ void OxJuceProcessorBase::openSharedLog()
     {
         const auto folder = platform::getUserApplicationDataFolder().getChildFile (kMakerFolder);
         sharedLogger = openLog (folder.getChildFile ("OxLog.log"), getStartLine (pluginTypeName)).release();
-        formerLogger = juce::Logger::getCurrentLogger();
         juce::Logger::setCurrentLogger (sharedLogger);
     }
 
@@ -100,7 +98,7 @@ void OxJuceProcessorBase::closeLogs()
     {
         // A logger that somebody else has made current since stays so.
         if (juce::Logger::getCurrentLogger() == sharedLogger)
-            juce::Logger::setCurrentLogger (formerLogger);
+            juce::Logger::setCurrentLogger (nullptr);
 
         delete std::exchange (sharedLogger, nullptr);
     }

@@ -30,20 +30,19 @@ juce::String decode (const juce::String& stamp)
     return isStamp ? found[2].str().substr (0, std::stoul (found[1], nullptr, 16)) : "?";
 }
 
-TEST (LogTest, IsOneOfTheProcessAndGivesTheHostsLoggerBack)
+TEST (LogTest, IsOneOfTheProcessAndLeavesNoneButAnothersBehind)
 {
     const platform::ScopedExecutableFileName host ("Live 8.2.exe");
     const auto expected = "=Duo Judge v1.1.2.0 VST3 Windows RELEASE intel 64bit, host = 'Live 8.2', user = '" +
                           platform::getComputerName() + "'\r\n3. ToggleAB\t=\t0\r\n";
-    juce::FileLogger hosts (shared().getSiblingFile ("1"), {}), others (shared().getSiblingFile ("2"), {});
-    juce::Logger::setCurrentLogger (&hosts);
+    juce::FileLogger others (shared().getSiblingFile ("1"), {});
 
-    for (auto* const atTheEnd : { &hosts, &others })
+    for (auto* const atTheEnd : { static_cast<juce::FileLogger*> (nullptr), &others })
     {
         auto first = std::make_unique<Rig>(), second = std::make_unique<Rig>();
         first.reset();
         second->logParam (duoJudge::ToggleAB);
-        atTheEnd == &others ? juce::Logger::setCurrentLogger (&others) : void();
+        atTheEnd != nullptr ? juce::Logger::setCurrentLogger (atTheEnd) : void();
         second.reset();
         EXPECT_EQ (juce::Logger::getCurrentLogger(), atTheEnd);
     }

@@ -40,8 +40,14 @@ void VST3ContentWrapper::resized()
     if (resizing)
         return;
 
-    const juce::ScopedValueSetter<bool> follow (resizing, true);
-    editor.setBounds (getLocalBounds());
+    {
+        const juce::ScopedValueSetter<bool> follow (resizing, true);
+        editor.setBounds (getLocalBounds());
+    }
+
+    // An editor may keep to a size of its own: then the host follows.
+    if (editor.getLocalBounds() != getLocalBounds())
+        childBoundsChanged (&editor);
 }
 
 }   // namespace Vst

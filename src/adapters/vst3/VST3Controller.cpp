@@ -102,13 +102,11 @@ void VST3Controller::adopt (const SharedProcessor::Ptr& newProcessor)
     shared = newProcessor;
     listen();
 
-    if (! hadNone || ! initialized)
-        return;
-
-    buildParameters();
+    if (hadNone && initialized)
+        buildParameters();
 
     if (componentHandler != nullptr)
-        componentHandler->restartComponent (kParamTitlesChanged | kParamValuesChanged);
+        componentHandler->restartComponent (hadNone ? kParamTitlesChanged | kParamValuesChanged : kParamValuesChanged);
 }
 
 void VST3Controller::buildParameters()

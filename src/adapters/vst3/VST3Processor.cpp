@@ -232,7 +232,8 @@ void VST3Processor::applyParameterChanges (IParameterChanges& changes)
         ParamValue value = 0.0;
 
         // What stands at the end of the block counts for all of it.
-        if (queue == nullptr || queue->getPoint (queue->getPointCount() - 1, offset, value) != kResultTrue)
+        if (queue == nullptr || queue->getPointCount() < 1 ||
+            queue->getPoint (queue->getPointCount() - 1, offset, value) != kResultTrue)
             continue;
 
         const auto tag = queue->getParameterId();
