@@ -17,9 +17,9 @@ baylink::PodManager& getManager()
 
 BAY_LINK_EXPORT void BayLinkManagerVersion (baylink::IPod*, int* outA, int* outB)
 {
-    // Every pod that keeps the contract fits; the two results are held free.
+    // Every pod that keeps the contract fits.
     if (outA != nullptr)
-        *outA = 0;
+        *outA = baylink::kHearsOfPlaying;
 
     if (outB != nullptr)
         *outB = 0;

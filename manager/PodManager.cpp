@@ -98,6 +98,7 @@ void PodManager::connect (IPod* pod, int numChannels)
     auto& slot = slots[static_cast<std::size_t> (index)];
     const auto id = drawId (index);
     slot.pod = pod;
+    slot.playing = false;
     slot.told = info;
     publish (slot);
     slot.idAndGain.store (joinGain (id, info.gain), std::memory_order_release);

@@ -48,7 +48,7 @@ public:
     void readAudio (PodId ownId, float* const* channels, int numSamples, PodId podId) override;
     void readAudioAt (PodId ownId, float* const* channels, int numSamples, PodId podId,
                       std::int64_t timeInSamples) override;
-    void reserved16() override {}
+    void setPlaying (PodId id, bool isPlaying) override;
     void setPodGain (PodId podId, float gain) override;
 
 private:

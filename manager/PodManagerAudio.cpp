@@ -42,6 +42,12 @@ void PodManager::setPodGain (PodId podId, float gain)
             return;
 }
 
+void PodManager::setPlaying (PodId id, bool isPlaying)
+{
+    if (auto* const slot = find (id))
+        slot->playing = isPlaying;
+}
+
 void PodManager::writeAudio (PodId id, const float* const* channels, int numSamples)
 {
     writeBlock (id, channels, numSamples, nullptr);
@@ -72,7 +78,7 @@ void PodManager::writeBlock (PodId id, const float* const* channels, int numSamp
 
 void PodManager::readAudio (PodId ownId, float* const* channels, int numSamples, PodId podId)
 {
-    readBlock (ownId, channels, podId, { numSamples, false, 0 });
+    readBlock (ownId, channels, podId, { numSamples });
 }
 
 void PodManager::readAudioAt (PodId ownId, float* const* channels, int numSamples, PodId podId,
@@ -96,9 +102,12 @@ void PodManager::readBlock (PodId ownId, float* const* channels, PodId podId,
     if (links == nullptr || stream == nullptr)
         return;
 
+    auto playedBlock = block;
+    playedBlock.playing = own->playing;
+
     for (auto& link : *links)
         if (link.podId() == podId)
-            return link.read (*stream, channels, block);
+            return link.read (*stream, channels, playedBlock);
 }
 
 }   // namespace baylink

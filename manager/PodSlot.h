@@ -30,6 +30,7 @@ struct PodSlot
     std::atomic<PodStream*> stream { nullptr };   // of the pod that lives here
     std::atomic<LinkBank*> links { nullptr };     // null until the first link is made here
     InfoRecord info;                              // all but the gain
+    Relaxed<bool> playing = false;                // the host of this listener, at its next block
 
     // What only the manager's lock may see.
     IPod* pod = nullptr;

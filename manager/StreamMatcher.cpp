@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace baylink
 {
@@ -31,6 +32,11 @@ StreamMatcher::Plan StreamMatcher::match (const Block& block, const Pod& pod) no
     else
         follow (block, pod);
 
+    if (block.playing && ! std::exchange (wasPlaying, block.playing) && ! everSure)
+        anchorAtStart (block, pod);
+
+    wasPlaying = block.playing;
+
     while (segmentCount > 1 && segments[1].start <= asked - kMatchedLatency)
         dropOldestSegment();
 
@@ -57,6 +63,30 @@ void StreamMatcher::anchor (const Block& block, const Pod& pod) noexcept
     if (block.labelled && pod.runs.check (place, block.label, pod.written) != Verdict::agrees)
         place = placeInNewestRun (block, pod, Reach::foretold).value_or (place);
 
+    holdFromStart (place, block, pod);
+}
+
+/** The host begins to play, and nothing is proven yet: senders lay no labels while it stands, so the block's place is the
+    first label of theirs, or what they write next if the listener comes first. */
+void StreamMatcher::anchorAtStart (const Block& block, const Pod& pod) noexcept
+{
+    auto start = pod.written;
+    pod.runs.visitFromNewest (pod.written,
+                              [&start] (const LabelRuns::Run& run)
+                              {
+                                  const auto follows = run.end == start;
+                                  start = follows ? run.place : start;
+                                  return follows;
+                              });
+
+    // Labels from long before this cycle tell of another start.
+    if (start > 0 && pod.written - start <= std::max ({ block.length, pod.latestBlock, kMatchedLatency }))
+        holdFromStart (start, block, pod);
+}
+
+/** Takes it that the block lies on `place`, and all before it accordingly. */
+void StreamMatcher::holdFromStart (std::int64_t place, const Block& block, const Pod& pod) noexcept
+{
     const auto lead = pod.written - place;
     holdAlways (place - asked);
     sure = everSure = false;

@@ -27,6 +27,7 @@ public:
         int length = 0;   // samples
         bool labelled = false;
         std::int64_t label = 0;   // timeline position of the first sample
+        bool playing = false;     // the host says so
     };
 
     /** The pod as the listener sees it now. */
@@ -111,6 +112,8 @@ private:
     void anchor (const Block& block, const Pod& pod) noexcept;
     static std::int64_t guessPlace (const Block& block, const Pod& pod) noexcept;
     void follow (const Block& block, const Pod& pod) noexcept;
+    void anchorAtStart (const Block& block, const Pod& pod) noexcept;
+    void holdFromStart (std::int64_t place, const Block& block, const Pod& pod) noexcept;
     bool judgeLabel (const Block& block, const Pod& pod) noexcept;
     void judgeLead (const Block& block, const Pod& pod, bool labelMoved) noexcept;
     void agree (const Probe& block) noexcept;
@@ -137,6 +140,7 @@ private:
     std::int64_t lastWritten = 0;   // length of the pod at the last block
     std::int64_t lastLabel = 0;
     bool hasLastLabel = false;
+    bool wasPlaying = false;
     Probe probe;
 
     // A lead is how far the pod's end lies ahead of the listener's place.

@@ -71,6 +71,9 @@ bool DuoJudgeProcessor::readPod (int numSamples)
     podBuffer->setSize (info.numChannels, numSamples, false, false, true);
     podBuffer->clear();
 
+    if (managerHearsOfPlaying)
+        manager->setPlaying (id, hostPlays);
+
     if (readsAtTimeline())
         manager->readAudioAt (id, podBuffer->getArrayOfWritePointers(), numSamples, podId, blockStartSample);
     else

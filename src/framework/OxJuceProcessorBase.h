@@ -373,6 +373,7 @@ protected:
     void finishConstruction();
 
     int numParams = 0, numPersistentParams = 0, numTransientParams = 0;
+    bool hostPlays = false;          // at this block [audio thread]
     bool usesPresetFiles = false;    // presets are files, not programs; set before `finishConstruction`
     bool fillsUserPrograms = true;   // give the programs that the product has not filled its values and a name
     const int pluginType;

@@ -37,12 +37,10 @@ void OxJuceProcessorBase::updateTransport()
 {
     auto* const host = getPlayHead();
 
-    if (host == nullptr)
-        return;
+    const auto now = host != nullptr ? host->getPosition() : juce::Optional<juce::AudioPlayHead::PositionInfo>();
+    hostPlays = now.hasValue() && now->getIsPlaying();
 
-    const auto now = host->getPosition();
-
-    if (! now.hasValue() || ! now->getIsPlaying())
+    if (! hostPlays)
         return;
 
     blockStartSample = now->getTimeInSamples().orFallback (blockStartSample);

@@ -60,8 +60,9 @@ void IPod::connect (int numChannels)
     if (auto* const checkVersion =
             reinterpret_cast<ManagerVersionExport> (platform::findExport (module, kManagerVersionExport)))
     {
-        int ignoredA = 0, ignoredB = 0;
-        checkVersion (this, &ignoredA, &ignoredB);
+        int answer = 0, ignored = 0;
+        checkVersion (this, &answer, &ignored);
+        managerHearsOfPlaying = answer == kHearsOfPlaying;
     }
     else
     {

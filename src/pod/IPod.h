@@ -47,6 +47,7 @@ public:
     float reservedFloat = 0.5f;
     platform::LibraryHandle module = platform::kNoLibrary;
     std::uint8_t reservedByte = 0;
+    bool managerHearsOfPlaying = false;   // `IPodManager::setPlaying` may be called
 
 protected:
     /** The first step of `connect`: true when the library is loaded, now or before. */

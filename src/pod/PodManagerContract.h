@@ -103,8 +103,9 @@ public:
     virtual void readAudioAt (PodId ownId, float* const* channels, int numSamples, PodId podId,
                               std::int64_t timeInSamples) = 0;
 
-    /** Held free. */
-    virtual void reserved16() = 0;
+    /** Says whether the host plays at the listener's next block [audio thread]. Labels may stand still before and behind a
+        start, so the start itself tells how the streams lie. Only for a manager that said `kHearsOfPlaying`. */
+    virtual void setPlaying (PodId id, bool isPlaying) = 0;
 
     /** Stores a gain that `PodInfo` gives back, on its scale. */
     virtual void setPodGain (PodId podId, float gain) = 0;
@@ -113,7 +114,10 @@ protected:
     ~IPodManager() = default;
 };
 
-/** The library's exports. The first asks whether manager and pod fit; its two results are reserved. The second makes `pod`
+/** What the first result of the version export says of a manager whose `setPlaying` may be called. */
+constexpr int kHearsOfPlaying = 0x706c6179;
+
+/** The library's exports. The first asks whether manager and pod fit; its second result is reserved. The second makes `pod`
     known and gives it its `manager` and `id`; when the manager is full it leaves both alone. */
 using ManagerVersionExport = void (*) (IPod* pod, int* outA, int* outB);
 using ManagerConnectExport = void (*) (IPod* pod, int numChannels);

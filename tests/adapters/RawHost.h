@@ -114,7 +114,7 @@ struct NotingManager final : baylink::IPodManager
     void setPodName (int, const char*) override {}
     void readAudio (int, float* const*, int, int) override {}
     void readAudioAt (int, float* const*, int, int, std::int64_t at) override { start = at; }
-    void reserved16() override {}
+    void setPlaying (baylink::PodId, bool) override {}
     void setPodGain (int, float) override {}
     std::int64_t start = -1;
     std::atomic<int> ticks { 0 };

@@ -42,6 +42,8 @@ const Story kStories[] = {
     { "loops within a block",
       { { play, 0, 9000 }, { 1000, 9000, 30000 }, { 1024, 9000, 30000 }, { 64, 9000, 30000 }, { play, 1, 9000 } } },
     { "links late", { { play, 0, 30000, noReads }, { play, 30000, 30000 }, { play, 77, 30000 } } },
+    { "starts for the first time where it stands",
+      { { stop, 0, 1000, noReads }, { stop, 0, 2000 }, { stand, 0, 4096 }, { play, 0, 30000 } } },
     { "replaces the sender", { { play, 0, 30000 }, { play, 30000, 30000, newSender } } },
     { "replaces it while stopped", { { play, 0, 3000 }, { stop, 0, 30000, newSender } }, anyBlocks },
 
@@ -72,6 +74,8 @@ public:
             manager.openStream (sender.emplace (&manager).id, 1);
             std::fill (sent.begin(), sent.end(), 0.0f);
         }
+
+        plays = step.lap > 0;
 
         for (const auto begin = now, end = now + step.samples; now < end;)
         {
@@ -122,6 +126,7 @@ private:
         float* const channels[] = { block.data() };
         listener.choose (sender->id);
         lastLabel = label;
+        manager.setPlaying (listener.id, plays);
         label ? manager.readAudioAt (listener.id, channels, length, sender->id, *label)
               : manager.readAudio (listener.id, channels, length, sender->id);
 
@@ -136,7 +141,8 @@ private:
     std::optional<TestPod> sender;
     TestPod listener { &manager };
     int now = 1;
-    Label lastLabel;
+    bool plays = false;
+    Label lastLabel = 0;
     std::vector<float> sent { 0.0f };   // by host time, which is the signal; 0 where the sender missed it
     std::vector<int> inputs = std::vector<int> (kMatchedLatency);   // host time of all that the listener got
     std::mt19937 random { 4096 };

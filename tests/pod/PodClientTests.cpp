@@ -58,7 +58,7 @@ struct Manager final : IPodManager
         readAudio (0, out, count, 0);
         lastRead = "at " + std::to_string (start);
     }
-    void reserved16() override {}
+    void setPlaying (PodId, bool) override {}
     void setPodGain (PodId podId, float gain) override { note ("gain", podId, pods[podId].gain = gain); }
 } manager;
 
