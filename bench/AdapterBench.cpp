@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the plug-in's interface costs on top of the processor behind it, and what an instance costs.
 #include "../tests/support/ScratchFolders.h"
+#include "Noise.h"
 #include "PodSender.h"
 #include "engine/CreatePluginFilter.h"
 #include "engine/DuoJudgeProcessor.h"
@@ -43,18 +44,6 @@ IPtr<Interface> make (int index)
     getFactory().getClassInfo (index, &info);
     getFactory().createInstance (info.cid, Interface::iid, &made);
     return owned (static_cast<Interface*> (made));
-}
-
-juce::AudioSampleBuffer makeNoise (int numSamples)
-{
-    juce::Random random (1);
-    juce::AudioSampleBuffer block (2, numSamples);
-
-    for (int channel = 0; channel < 2; ++channel)
-        for (int i = 0; i < numSamples; ++i)
-            block.setSample (channel, i, random.nextFloat() - 0.5f);
-
-    return block;
 }
 
 /** The plug-in and the bare processor on two tracks, both listening to one pod. */

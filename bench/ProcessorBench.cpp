@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What one block costs, as a multiple of a plain copy of the same stereo block in the same program.
 #include "../tests/support/ScratchFolders.h"
+#include "Noise.h"
 #include "PodSender.h"
 #include "engine/CreatePluginFilter.h"
 #include "engine/DuoJudgeProcessor.h"
@@ -17,18 +18,6 @@ namespace
 {
 
 constexpr double kSampleRate = 48000.0;
-
-juce::AudioSampleBuffer makeNoise (int numSamples)
-{
-    juce::Random random (1);
-    juce::AudioSampleBuffer block (2, numSamples);
-
-    for (int channel = 0; channel < 2; ++channel)
-        for (int i = 0; i < numSamples; ++i)
-            block.setSample (channel, i, random.nextFloat() - 0.5f);
-
-    return block;
-}
 
 /** A host in which sender and listener play in step. */
 class Host : private juce::AudioPlayHead
