@@ -32,10 +32,9 @@ StreamMatcher::Plan StreamMatcher::match (const Block& block, const Pod& pod) no
     else
         follow (block, pod);
 
-    if (block.playing && ! std::exchange (wasPlaying, block.playing) && ! everSure)
+    // Only a start that the listener lived through: one who comes into the playing has missed it.
+    if (! std::exchange (wasPlaying, block.playing) && block.playing && asked > 0 && ! everSure)
         anchorAtStart (block, pod);
-
-    wasPlaying = block.playing;
 
     while (segmentCount > 1 && segments[1].start <= asked - kMatchedLatency)
         dropOldestSegment();
