@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/OxJuceOglFontUser.h"
+
+#include "gui/OxJuceEditorBase.h"
+
+void OxJuceOglFontUser::setTextColour (juce::Colour colour)
+{
+    const juce::ScopedLock lock (fontLock);
+    textColour = colour;
+}
+
+juce::Colour OxJuceOglFontUser::getTextColour() const
+{
+    const juce::ScopedLock lock (fontLock);
+    return textColour;
+}
+
+void OxJuceOglFontUser::setFont (OxJuceOglFont* fontToUse)
+{
+    const juce::ScopedLock lock (fontLock);
+    font = fontToUse;
+}
+
+OxJuceOglFont* OxJuceOglFontUser::getFont()
+{
+    const juce::ScopedLock lock (fontLock);
+    resolveFont();
+    return font;
+}
+
+void OxJuceOglFontUser::setJustification (TextJustification newJustification)
+{
+    const juce::ScopedLock lock (fontLock);
+    justification = newJustification;
+}
+
+void OxJuceOglFontUser::setWidthReference (const juce::String& sample)
+{
+    const juce::ScopedLock lock (fontLock);
+    widthReference = sample;
+}
+
+void OxJuceOglFontUser::drawText (juce::Rectangle<int> box, const juce::String& text)
+{
+    const juce::ScopedLock lock (fontLock);
+    drawLocked (box, text, textColour);
+}
+
+void OxJuceOglFontUser::drawText (juce::Rectangle<int> box, const juce::String& text, juce::Colour colour)
+{
+    const juce::ScopedLock lock (fontLock);
+    drawLocked (box, text, colour);
+}
+
+void OxJuceOglFontUser::resolveFont()
+{
+    if (font == nullptr && surface != nullptr)
+        font = surface.get()->getFont (14);
+}
+
+void OxJuceOglFontUser::drawLocked (juce::Rectangle<int> box, const juce::String& text, juce::Colour colour)
+{
+    resolveFont();
+
+    if (font == nullptr || surface == nullptr || text.isEmpty())
+        return;
+
+    surface.get()->glState.pending.colour = colour;
+    font->draw (box, text, justification, widthReference);
+}

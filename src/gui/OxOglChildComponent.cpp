@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/OxOglChildComponent.h"
+
+#include "gui/OxJuceEditorBase.h"
+
+using namespace juce::gl;
+
+OxOglChildComponent::OxOglChildComponent (const juce::String& nameOfComponent)
+{
+    setName (nameOfComponent);
+}
+
+OxOglChildComponent::~OxOglChildComponent()
+{
+    jassert (! drawing);
+}
+
+void OxOglChildComponent::draw (int)
+{
+}
+
+void OxOglChildComponent::renderAll (int elapsedMs)
+{
+    auto* const target = surface.get();
+
+    if (target == nullptr)
+        return;
+
+    target->resetGlState();
+    const auto position = getDrawnBounds().getPosition().toFloat();
+    glPushMatrix();
+    glTranslatef (position.x, position.y, 0.0f);
+
+    if (isDrawn())
+    {
+        {
+            const ScopedDrawing scope (*this);
+            draw (elapsedMs);
+        }
+        drawnChildren.renderAll (elapsedMs);
+    }
+
+    glPopMatrix();
+}
+
+void OxOglChildComponent::childrenChanged()
+{
+    drawnChildren.update (*this);
+}

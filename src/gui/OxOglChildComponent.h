@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "gui/OxDrawnChildren.h"
+#include "gui/OxDrawnGeometry.h"
+#include "gui/OxOglComponentUser.h"
+
+/** Base of every visible element: a component for layout and events that draws itself through OpenGL.
+
+    An element draws in its own pixels, then its children in their order, each above the one before. Nothing is clipped: a
+    child may draw outside its parent. */
+class OxOglChildComponent : public virtual OxOglComponentUser, public virtual juce::Component
+{
+public:
+    explicit OxOglChildComponent (const juce::String& nameOfComponent = {});
+    ~OxOglChildComponent() override;
+
+    /** Draws this element, if it is visible, and all below it [render thread]. A class overrides `draw`, not this. */
+    virtual void renderAll (int elapsedMs);
+
+    /** The element's own pixels [render thread]. Allocates nothing. @param elapsedMs since the frame before */
+    virtual void draw (int elapsedMs);
+
+    /** For diagnostics. */
+    virtual const char* getTypeName() const { return "TYPE NAME NOT SET"; }
+
+    /** Where the element lies in its parent, as `draw` may read it [any thread]. */
+    juce::Rectangle<int> getDrawnBounds() const noexcept { return geometry.getBounds(); }
+    juce::Rectangle<int> getDrawnLocalBounds() const noexcept { return getDrawnBounds().withZeroOrigin(); }
+    bool isDrawn() const noexcept { return geometry.isVisible(); }
+
+    /** An override calls this one too. */
+    void childrenChanged() override;
+
+private:
+    OxDrawnGeometry geometry { *this };
+    OxDrawnChildren drawnChildren;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (OxOglChildComponent)
+};

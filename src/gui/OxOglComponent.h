@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "gui/GlState.h"
+#include "gui/OxDrawnChildren.h"
+#include "gui/OxDrawnGeometry.h"
+#include "gui/OxJuceOglFont.h"
+#include "gui/OxOglComponentTexture.h"
+#include "gui/OxOglComponentUser.h"
+#include "gui/OxReadWriteLock.h"
+
+#include <array>
+
+/** The surface that fills an editor, and on which all of it is drawn by fixed-function OpenGL.
+
+    Its children are plain components for layout, mouse and keyboard; their pixels come from `OxOglChildComponent` alone. The
+    context's render thread runs freely and makes at most about 66 frames a second. Each editor has its own context,
+    textures and fonts. Errors of OpenGL are ignored; without a context nothing is shown. */
+class OxOglComponent : public juce::Component, public OxOglComponentUser, public juce::OpenGLRenderer
+{
+public:
+    OxOglComponent();
+    ~OxOglComponent() override;
+
+    /** Lets frames be drawn, from now on for ever [message thread, when the editor is built]. */
+    void enableRendering() noexcept { renderEnabled = true; }
+
+    /** Waits for the frame in progress and ends the drawing [message thread]. The most derived editor does it first thing in
+        its destructor, before anything that is drawn goes. */
+    virtual void stopRenderThread();
+
+    /** Has the context set up anew before the next frame, as after a resize [message thread]. */
+    void setViewportDirty() noexcept { viewportDirty = true; }
+
+    /** Draws this behind everything. @param texture not owned; null for none */
+    void setBackgroundTexture (OxOglComponentTexture* texture) noexcept { backgroundTexture = texture; }
+
+    /** @param size 10, 11, 12, 14, 18, 20, 22, 24 or 28; any other gives the 14-point font */
+    OxJuceOglFont* getFont (int size) const noexcept;
+
+    /** @returns whether this thread may call OpenGL for this surface. */
+    bool isContextCurrent() const noexcept;
+
+    // For drawers [render thread] --------------------------------------------------------------------------------------
+
+    void applyGlState();
+    void resetGlState();
+    void invalidateGlState();
+
+    /** A vertex of its own colour, between glBegin and glEnd. */
+    void addVertex (juce::Point<int> position, juce::Colour colour);
+
+    /** Textures say when they have come to hold a GL texture, and when they no longer do [any thread]. */
+    void addTexture (OxOglComponentTexture& texture);
+    void removeTexture (OxOglComponentTexture& texture);
+
+    GlStateCache glState;
+    OxReadWriteLock renderLock;   // read by a frame and by `updateGui`, written by whoever tears down
+
+    // OxOglComponentUser: also loads the nine fonts anew [message thread]
+    void setOglComponent (OxJuceEditorBase* newEditor) override;
+
+    // juce::Component
+    void childrenChanged() override;
+
+    // juce::OpenGLRenderer
+    void newOpenGLContextCreated() override;
+    void renderOpenGL() override;
+    void openGLContextClosing() override;
+
+protected:
+    /** Origin top left, y downward, one unit a pixel. */
+    virtual void setupViewport();
+    virtual void drawBackground (int elapsedMs);
+
+private:
+    void waitForTurn();
+    void drawFrame();
+
+    static constexpr std::array<int, 9> kFontSizes { 10, 11, 12, 14, 18, 20, 22, 24, 28 };
+
+    OxDrawnGeometry geometry { *this };
+    OxDrawnChildren drawnChildren;
+    Relaxed<OxOglComponentTexture*> backgroundTexture = nullptr;   // not owned
+    juce::Time lastFrameTime { juce::Time::getCurrentTime() };
+    double turnStart = 0.0;         // milliseconds of the high-resolution counter [render thread]
+    juce::WaitableEvent turnsEnd;   // nobody waits for the next turn any more
+    juce::CriticalSection textureLock;
+    std::vector<OxOglComponentTexture*> textureList;   // those that hold a GL texture, each once
+    std::array<std::unique_ptr<OxJuceOglFont>, kFontSizes.size()> fonts;
+    Relaxed<bool> viewportDirty = false;
+    Relaxed<bool> renderEnabled = false;
+    juce::OpenGLContext context;
+
+    JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (OxOglComponent)
+};

@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/OxOglComponentTexture.h"
+
+#include "gui/Images.h"
+#include "gui/OxJuceEditorBase.h"
+
+using namespace juce::gl;
+
+namespace
+{
+
+/** The toolkit keeps colours multiplied by their alpha; what is blended by alpha wants them straight. */
+juce::Image withStraightAlpha (const juce::Image& source)
+{
+    if (source.getFormat() != juce::Image::ARGB)
+        return source;
+
+    auto straight = source.createCopy();
+    const juce::Image::BitmapData pixels (straight, juce::Image::BitmapData::readWrite);
+
+    for (int y = 0; y < pixels.height; ++y)
+        for (int x = 0; x < pixels.width; ++x)
+            reinterpret_cast<juce::PixelARGB*> (pixels.getPixelPointer (x, y))->unpremultiply();
+
+    return straight;
+}
+
+GLenum getGlFormat (juce::Image::PixelFormat format)
+{
+    switch (format)
+    {
+        case juce::Image::RGB:
+            return GL_BGR_EXT;
+        case juce::Image::ARGB:
+            return GL_BGRA_EXT;
+        default:
+            return GL_ALPHA;
+    }
+}
+
+}   // namespace
+
+OxOglComponentTexture::~OxOglComponentTexture()
+{
+    if (auto* const target = surface.get())
+        target->removeTexture (*this);
+}
+
+void OxOglComponentTexture::loadFromResource (const juce::String& resourceName)
+{
+    if (const auto found = images::loadResource (resourceName); found.isValid())
+    {
+        name = resourceName;
+        setImage (found);
+    }
+}
+
+void OxOglComponentTexture::setImage (const juce::Image& newImage)
+{
+    {
+        const juce::ScopedLock lock (imageLock);
+
+        if (image == newImage)
+            return;
+
+        image = newImage;
+    }
+
+    needsReload = true;
+}
+
+juce::Image OxOglComponentTexture::getImage() const
+{
+    const juce::ScopedLock lock (imageLock);
+    return image;
+}
+
+void OxOglComponentTexture::bind (OxOglComponent* target)
+{
+    if (target == nullptr)
+        return;
+
+    setOglComponent (target->getOglEditor());
+
+    if (! target->isContextCurrent())
+        return;
+
+    if (textureId > 0 && needsReload)
+    {
+        target->removeTexture (*this);
+        deleteTexture();
+        needsReload = false;
+    }
+
+    if (textureId == 0)
+        if (const auto source = getImage(); source.getWidth() > 0 && source.getHeight() > 0)
+            create (source, *target);
+
+    if (textureId == 0)
+        return;
+
+    auto& pending = target->glState.pending;
+    pending.texturing = true;
+    pending.blending = blend;
+
+    if (blend)
+    {
+        pending.blendSource = blendSource;
+        pending.blendDestination = blendDestination;
+    }
+
+    glBindTexture (GL_TEXTURE_2D, textureId);
+}
+
+void OxOglComponentTexture::create (const juce::Image& source, OxOglComponent& target)
+{
+    const auto straight = withStraightAlpha (source);
+    const juce::Image::BitmapData pixels (straight, juce::Image::BitmapData::readOnly);
+    pixelWidth = 1.0f / static_cast<float> (pixels.width);
+    pixelHeight = 1.0f / static_cast<float> (pixels.height);
+
+    if (! target.isContextCurrent())
+        return;
+
+    GLuint created = 0;
+    glGenTextures (1, &created);
+
+    if (created == 0)
+    {
+        juce::Logger::writeToLog ("ERROR: generateTexture failed");
+        return;
+    }
+
+    textureId = created;
+    target.addTexture (*this);
+    glBindTexture (GL_TEXTURE_2D, created);
+    glTexImage2D (GL_TEXTURE_2D, 0, 4, pixels.width, pixels.height, 0, getGlFormat (straight.getFormat()),
+                  GL_UNSIGNED_BYTE, pixels.data);
+    glTexParameteri (GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP);
+    glTexParameteri (GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP);
+    glTexParameteri (GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, filter > 0 ? GL_LINEAR : GL_NEAREST);
+    glTexParameteri (GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, filter > 0 ? GL_LINEAR : GL_NEAREST);
+    glPixelStorei (GL_UNPACK_ALIGNMENT, 4);
+}
+
+void OxOglComponentTexture::drawQuad (juce::Rectangle<float> area)
+{
+    auto* const target = surface.get();
+
+    if (target == nullptr)
+        return;
+
+    target->applyGlState();
+    glBegin (GL_QUADS);
+    glTexCoord2f (0.0f, maxV);
+    glVertex2f (area.getX(), area.getBottom());
+    glTexCoord2f (0.0f, 0.0f);
+    glVertex2f (area.getX(), area.getY());
+    glTexCoord2f (maxU, 0.0f);
+    glVertex2f (area.getRight(), area.getY());
+    glTexCoord2f (maxU, maxV);
+    glVertex2f (area.getRight(), area.getBottom());
+    glEnd();
+}
+
+bool OxOglComponentTexture::deleteTexture()
+{
+    if (auto* const target = surface.get(); target != nullptr && ! target->isContextCurrent())
+        return false;
+
+    if (textureId == 0)
+    {
+        juce::Logger::writeToLog ("ERROR: deleteTexture failed");
+        return false;
+    }
+
+    const GLuint old = textureId;
+    glDeleteTextures (1, &old);
+    textureId = 0;
+    return true;
+}
