@@ -14,7 +14,8 @@ constexpr bool isInTable (int code)
 
 }   // namespace
 
-OxFontMetrics::OxFontMetrics (const GlyphTable& records) : glyphs (records), height (records.front().bottom - records.front().top)
+OxFontMetrics::OxFontMetrics (const GlyphTable& records) :
+    glyphs (records), height (records.front().bottom - records.front().top)
 {
     for (int code = firstCode; code <= lastCode; ++code)
         widths[static_cast<std::size_t> (code)] = getGlyph (code).right - getGlyph (code).left;

@@ -25,7 +25,7 @@ struct OxFontMetrics
     /** Pixels from one glyph to the next; 0 for a code without a glyph. */
     int getWidth (int code) const noexcept;
 
-    const GlyphTable& glyphs;          // from `firstCode` on
-    const int height;                  // of every cell, pixels
+    const GlyphTable& glyphs;   // from `firstCode` on
+    const int height;           // of every cell, pixels
     std::array<int, lastCode + 1> widths {};
 };
