@@ -39,8 +39,8 @@ def rounded(context, x, y, width, height, radius):
 
 
 def button_frame(size, radius, edge):
-    """White, for gradients and tints to colour: the face keeps their colour, `edge` pixels round it fall off into shade,
-    and a dark line sets the button into the window. Corners and edges keep clear of the part that is stretched."""
+    """White, for gradients and tints to colour: the face keeps their colour, `edge` pixels round it fall off into
+    shade, and a dark line sets the button into the window. What is stretched is the same all over."""
     def draw(context):
         context.set_antialias(cairo.ANTIALIAS_NONE)   # layers whose edges coincide would shine through each other
         rounded(context, 0, 0, size, size, radius)
@@ -104,7 +104,7 @@ def hinted_text(context, text, weight, size, x, baseline):
 
 
 def title():
-    """Headphones that are a pair of scales: a source to each ear, both under one needle, and the name in the balance."""
+    """Headphones that are a pair of scales: a source to each ear, one needle, and the name in the balance."""
     width, middle, floor = 117, 58.5, 24
     bars = (11, 8, 12, 6, 9, 4, 6, 3, 2)   # pixels high, from the needle outwards
 

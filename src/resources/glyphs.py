@@ -55,8 +55,8 @@ class Typeface:
             return Glyph((self.sheet.em + 4) // 4, 0, 0, None)
         if not self.face.get_char_index(code):
             return None
-        # An accent cut off would be another letter. So a letter too tall for the line is drawn less high as a whole, and
-        # one that hangs too low has its lower part pushed up. A sign need not stand on the baseline: it may move.
+        # An accent cut off would be another letter. So a letter too tall for the line is drawn less high as a whole,
+        # and one that hangs too low has its lower part pushed up. A sign need not stand on the baseline: it may move.
         may_move = not unicodedata.category(chr(code)).startswith("L")
         for percent in range(100, 40, -1):
             glyph = self._render(code, percent, push_up=not may_move)
