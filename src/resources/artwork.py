@@ -7,7 +7,7 @@ import math
 
 import cairo
 import freetype
-from PIL import Image
+from PIL import Image, ImageOps
 
 from glyphs import FACES
 
@@ -39,9 +39,10 @@ def rounded(context, x, y, width, height, radius):
 
 
 def button_frame(size, radius, edge):
-    """White, for gradients and tints to colour: the face keeps their colour, `edge` pixels round it fall off into shade,
-    and a dark line sets the button into the window. Corners and edges keep clear of the part that is stretched."""
+    """White, for gradients and tints to colour: the face keeps their colour, `edge` pixels round it fall off into
+    shade, and a dark line sets the button into the window. What is stretched is the same all over."""
     def draw(context):
+        context.set_antialias(cairo.ANTIALIAS_NONE)   # layers whose edges coincide would shine through each other
         rounded(context, 0, 0, size, size, radius)
         context.set_source_rgba(0, 0, 0, 0.55)
         context.fill()
@@ -53,7 +54,12 @@ def button_frame(size, radius, edge):
             rounded(context, inset, inset, size - 2 * inset, size - 2 * inset, max(0.5, radius - inset))
             context.set_source_rgb(light, light, light)
             context.fill()
-    return canvas(size, size, draw)
+    frame = canvas(size, size, draw)
+    left = frame.crop((0, 0, size // 2, size))
+    frame.paste(ImageOps.mirror(left), (size // 2, 0))   # corners alike to the last bit
+    upper = frame.crop((0, 0, size, size // 2))
+    frame.paste(ImageOps.flip(upper), (0, size // 2))
+    return frame
 
 
 def slider_handle():
@@ -77,57 +83,62 @@ def slider_handle():
     return canvas(11, 11, draw)
 
 
-def text_path(context, text, weight, size, x, baseline, tracking=0.0):
-    """Adds the outlines of a text to the path. @returns where the next letter would begin."""
+def hinted_text(context, text, weight, size, x, baseline):
+    """Adds the outlines of a text to the path, stems on whole pixels. @returns where the next letter would begin."""
     face = freetype.Face(f"{FACES}/Roboto-{weight}.ttf")
-    scale = size / face.units_per_EM
-    pen = [x, 0.0, 0.0]
+    face.set_char_size(int(size * 64))
 
     def at(point):
-        return pen[0] + point.x * scale, baseline - point.y * scale
+        return x + point.x / 64, baseline - point.y / 64
 
     def curve(control, end, _):   # a parabola, raised to the cubic that cairo draws
         (x0, y0), (x1, y1), (x2, y2) = context.get_current_point(), at(control), at(end)
-        context.curve_to(x0 + (x1 - x0) * 2 / 3, y0 + (y1 - y0) * 2 / 3, x2 + (x1 - x2) * 2 / 3, y2 + (y1 - y2) * 2 / 3,
-                         x2, y2)
+        context.curve_to((x0 + 2 * x1) / 3, (y0 + 2 * y1) / 3, (x2 + 2 * x1) / 3, (y2 + 2 * y1) / 3, x2, y2)
 
     for letter in text:
-        face.load_char(letter, freetype.FT_LOAD_NO_SCALE)
+        face.load_char(letter, freetype.FT_LOAD_NO_BITMAP | freetype.FT_LOAD_FORCE_AUTOHINT)
         face.glyph.outline.decompose(None, move_to=lambda p, _: context.move_to(*at(p)),
                                      line_to=lambda p, _: context.line_to(*at(p)), conic_to=curve)
-        pen[0] += face.glyph.advance.x * scale + tracking
-    return pen[0] - tracking
+        x += face.glyph.advance.x // 64
+    return x
 
 
 def title():
-    """Headphones as a pair of scales: one source to each ear, the name in the balance."""
+    """Headphones that are a pair of scales: a source to each ear, one needle, and the name in the balance."""
+    width, middle, floor = 117, 58.5, 24
+    bars = (11, 8, 12, 6, 9, 4, 6, 3, 2)   # pixels high, from the needle outwards
+
     def draw(context):
-        width, middle = 117, 58.5
-        # The band, which is the beam.
-        band = cairo.LinearGradient(8, 0, width - 8, 0)
-        band.add_color_stop_rgb(0.0, *BLUE)
-        band.add_color_stop_rgb(0.42, *INK)
-        band.add_color_stop_rgb(0.58, *INK)
-        band.add_color_stop_rgb(1.0, *YELLOW)
-        context.set_line_cap(cairo.LINE_CAP_ROUND)
+        beam = cairo.LinearGradient(8, 0, width - 8, 0)
+        for position, colour in ((0, BLUE), (0.36, INK), (0.64, INK), (1, YELLOW)):
+            beam.add_color_stop_rgb(position, *colour)
+        context.move_to(6.5, 25)
+        context.curve_to(7, -4, width - 7, -4, width - 6.5, 25)
         context.set_line_width(2.5)
-        context.move_to(7.5, 27)
-        context.curve_to(9, -3, width - 9, -3, width - 7.5, 27)
-        context.set_source(band)
+        context.set_source(beam)
         context.stroke()
-        # The cups, which are the pans.
-        for x, colour in ((2, BLUE), (width - 11, YELLOW)):
-            rounded(context, x, 22, 9, 22, 4)
+
+        for colour, mirror in ((BLUE, False), (YELLOW, True)):
+            context.save()
+            if mirror:
+                context.transform(cairo.Matrix(-1, 0, 0, 1, width, 0))
+            rounded(context, 6, 24, 4, 19, 2)
+            context.set_source_rgb(*(0.55 * part for part in colour))
+            context.fill()
+            rounded(context, 1, 22, 7, 23, 3)
+            for number, height in enumerate(bars):
+                context.rectangle(middle - 4.5 - 4 * number, floor - height, 2, height)
             context.set_source_rgb(*colour)
             context.fill()
-        # The name.
-        for text, weight, baseline in (("DUO JUDGE", "Bold", 38),):
-            end = text_path(context, text, weight, 15, 0, baseline, 0.6)
-            context.new_path()
-            text_path(context, text, weight, 15, middle - end / 2, baseline, 0.6)
-            context.set_source_rgb(*INK)
-            context.fill()
-    return canvas(117, 48, draw)
+            context.restore()
+
+        end = hinted_text(context, "DUO JUDGE", "Bold", 15.5, 0, 0)
+        context.new_path()
+        context.rectangle(middle - 0.5, 8, 1, floor - 8)
+        hinted_text(context, "DUO JUDGE", "Bold", 15.5, (width - end) // 2, 39)
+        context.set_source_rgb(*INK)
+        context.fill()
+    return canvas(width, 48, draw)
 
 
 IMAGES = {

@@ -10,6 +10,7 @@ from pathlib import Path
 
 from PIL import Image
 
+sys.dont_write_bytecode = True
 import artwork, glyphs, tables
 
 HERE = Path(__file__).resolve().parent
@@ -23,11 +24,11 @@ def generate(folder):
 
     for sheet in glyphs.SHEETS:
         image, runs = glyphs.draw_sheet(sheet)
-        image.save(images / f"{sheet.name}.png", optimize=True)
+        image.save(images / f"{sheet.name}.png")
         drawn.append((sheet, runs))
 
     for name, draw in artwork.IMAGES.items():
-        draw().save(images / f"{name}.png", optimize=True)
+        draw().save(images / f"{name}.png")
 
     (folder / TABLES).write_text(tables.glyph_tables(drawn), encoding="utf-8")
 

@@ -55,11 +55,11 @@ class Typeface:
             return Glyph((self.sheet.em + 4) // 4, 0, 0, None)
         if not self.face.get_char_index(code):
             return None
-        # What stands too high or hangs too low for the line is drawn less high as a whole: an accent cut off would be
-        # another letter. A sign need not stand on the baseline as letters do, so it may move to where it fits.
+        # An accent cut off would be another letter. So a letter too tall for the line is drawn less high as a whole,
+        # and one that hangs too low has its lower part pushed up. A sign need not stand on the baseline: it may move.
         may_move = not unicodedata.category(chr(code)).startswith("L")
         for percent in range(100, 40, -1):
-            glyph = self._render(code, percent)
+            glyph = self._render(code, percent, push_up=not may_move)
             if glyph.image is None:
                 return glyph
             lowest = self.sheet.cell - glyph.image.height
@@ -68,17 +68,28 @@ class Typeface:
                 return glyph._replace(top=top)
         raise ValueError(f"{self.sheet.name}: no way to fit character {code}")
 
-    def _render(self, code, percent):
+    def _render(self, code, percent, push_up):
         em = self.sheet.em * 64
         self.face.set_char_size(em, em * percent // 100)
-        self.face.load_char(code, freetype.FT_LOAD_RENDER | freetype.FT_LOAD_FORCE_AUTOHINT)
-        slot, bitmap = self.face.glyph, self.face.glyph.bitmap
+        self.face.load_char(code, freetype.FT_LOAD_NO_BITMAP | freetype.FT_LOAD_FORCE_AUTOHINT)
+        slot = self.face.glyph
+        if push_up:
+            self._push_up(slot.outline)
+        slot.render(freetype.FT_RENDER_MODE_NORMAL)
+        bitmap = slot.bitmap
         advance = (slot.advance.x + 32) >> 6
         if not bitmap.width or not bitmap.rows:
             return Glyph(max(1, advance), 0, 0, None)
         image = Image.frombytes("L", (bitmap.width, bitmap.rows), bytes(bitmap.buffer), "raw", "L", bitmap.pitch)
         left = max(0, slot.bitmap_left)
         return Glyph(max(advance, left + bitmap.width), left, self.sheet.baseline - slot.bitmap_top, image)
+
+    def _push_up(self, outline):
+        room, depth = (self.sheet.cell - self.sheet.baseline) * 64, -outline.get_cbox().yMin
+        points = outline._FT_Outline.points   # the one way to reach them for writing
+        for number in range(outline.n_points if depth > room else 0):
+            if points[number].y < 0:
+                points[number].y = points[number].y * room // depth
 
 
 def codes(sheet):

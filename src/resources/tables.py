@@ -26,6 +26,7 @@ def sheet_tables(number, runs):
 def glyph_tables(drawn):
     """@param drawn (sheet, runs) for each sheet. @returns the source text."""
     tables = "".join(sheet_tables(number, runs) for number, (_, runs) in enumerate(drawn))
-    rows = [f'{{"{sheet.name}_png", {sheet.cell}, runs{n}, {len(runs)}, widths{n}}}' for n, (sheet, runs) in enumerate(drawn)]
+    rows = [f'{{"{sheet.name}_png", {sheet.cell}, runs{number}, {len(runs)}, widths{number}}}'
+            for number, (sheet, runs) in enumerate(drawn)]
     return (HEAD + tables + "const GlyphSheet sheets[] = {\n    " + ",\n    ".join(rows) + " };\n}\n\n"
             f"const GlyphSheet* const glyphSheets = sheets;\nconst int numGlyphSheets = {len(rows)};\n")
