@@ -3,6 +3,11 @@
 
 #include "gui/OxOglChildComponent.h"
 
+OxDrawnChildren::~OxDrawnChildren()
+{
+    replace ({});
+}
+
 void OxDrawnChildren::update (const juce::Component& parent)
 {
     std::vector<OxOglChildComponent*> drawn;
@@ -11,8 +16,26 @@ void OxDrawnChildren::update (const juce::Component& parent)
         if (auto* const element = dynamic_cast<OxOglChildComponent*> (child))
             drawn.push_back (element);
 
+    replace (std::move (drawn));
+}
+
+void OxDrawnChildren::remove (OxOglChildComponent& child)
+{
+    auto others = children;
+    others.erase (std::remove (others.begin(), others.end(), &child), others.end());
+    replace (std::move (others));
+}
+
+void OxDrawnChildren::replace (std::vector<OxOglChildComponent*> newChildren)
+{
+    for (auto* const child : children)
+        child->drawnIn = nullptr;
+
+    for (auto* const child : newChildren)
+        child->drawnIn = this;
+
     const juce::ScopedLock scope (lock);
-    children.swap (drawn);
+    children.swap (newChildren);
 }
 
 void OxDrawnChildren::renderAll (int elapsedMs)

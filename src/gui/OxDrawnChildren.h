@@ -10,18 +10,29 @@ class OxOglChildComponent;
 /** The children of a component that are drawn, back to front: the message thread changes the component's own list, the
     render thread walks this one.
 
-    A change waits for a walk in progress, so a child that its parent has let go of is no longer drawn. Therefore: remove a
-    child from its parent before its destructor begins, unless rendering has stopped. */
+    A change waits for a walk in progress, so a child that has left its parent is no longer drawn. Therefore: take a child
+    from its parent before its destructor begins, unless rendering has stopped. */
 class OxDrawnChildren
 {
 public:
+    OxDrawnChildren() = default;
+    ~OxDrawnChildren();
+
     /** Takes the list anew [message thread, from `childrenChanged`]. */
     void update (const juce::Component& parent);
+
+    /** Lets go of a child that has left [message thread]. The toolkit tells a parent of those alone that were showing. */
+    void remove (OxOglChildComponent& child);
 
     /** Draws each child with all below it [render thread]. */
     void renderAll (int elapsedMs);
 
+    OxDrawnChildren (const OxDrawnChildren&) = delete;
+    OxDrawnChildren& operator= (const OxDrawnChildren&) = delete;
+
 private:
-    std::vector<OxOglChildComponent*> children;   // not owned
+    void replace (std::vector<OxOglChildComponent*> newChildren);
+
+    std::vector<OxOglChildComponent*> children;   // not owned; each knows this list
     juce::CriticalSection lock;
 };

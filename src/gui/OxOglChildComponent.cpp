@@ -12,6 +12,7 @@ OxOglChildComponent::OxOglChildComponent (const juce::String& nameOfComponent)
 
 OxOglChildComponent::~OxOglChildComponent()
 {
+    leaveParent();
     jassert (! drawing);
 }
 
@@ -46,4 +47,16 @@ void OxOglChildComponent::renderAll (int elapsedMs)
 void OxOglChildComponent::childrenChanged()
 {
     drawnChildren.update (*this);
+}
+
+void OxOglChildComponent::parentHierarchyChanged()
+{
+    if (getParentComponent() == nullptr)
+        leaveParent();
+}
+
+void OxOglChildComponent::leaveParent()
+{
+    if (drawnIn != nullptr)
+        drawnIn->remove (*this);
 }

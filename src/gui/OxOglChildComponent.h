@@ -29,12 +29,18 @@ public:
     juce::Rectangle<int> getDrawnLocalBounds() const noexcept { return getDrawnBounds().withZeroOrigin(); }
     bool isDrawn() const noexcept { return geometry.isVisible(); }
 
-    /** An override calls this one too. */
+    // juce::Component: an override calls these too
     void childrenChanged() override;
+    void parentHierarchyChanged() override;
 
 private:
+    friend class OxDrawnChildren;
+
+    void leaveParent();
+
     OxDrawnGeometry geometry { *this };
     OxDrawnChildren drawnChildren;
+    OxDrawnChildren* drawnIn = nullptr;   // the list this stands in [message thread]
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (OxOglChildComponent)
 };

@@ -25,18 +25,20 @@ juce::Image withStraightAlpha (const juce::Image& source)
     return straight;
 }
 
-GLenum getGlFormat (juce::Image::PixelFormat format)
+/** How pixels lie in an image, and what OpenGL makes of them: alpha alone takes its colour from the pending state. */
+struct TransferFormat
 {
-    switch (format)
+    explicit TransferFormat (juce::Image::PixelFormat image)
     {
-        case juce::Image::RGB:
-            return GL_BGR_EXT;
-        case juce::Image::ARGB:
-            return GL_BGRA_EXT;
-        default:
-            return GL_ALPHA;
+        if (image == juce::Image::RGB)
+            pixels = GL_BGR_EXT;
+        else if (image == juce::Image::SingleChannel)
+            pixels = texture = GL_ALPHA;
     }
-}
+
+    GLenum pixels = GL_BGRA_EXT;
+    GLenum texture = 4;   // four components
+};
 
 }   // namespace
 
@@ -116,6 +118,7 @@ void OxOglComponentTexture::create (const juce::Image& source, OxOglComponent& t
 {
     const auto straight = withStraightAlpha (source);
     const juce::Image::BitmapData pixels (straight, juce::Image::BitmapData::readOnly);
+    const TransferFormat format (straight.getFormat());
     pixelWidth = 1.0f / static_cast<float> (pixels.width);
     pixelHeight = 1.0f / static_cast<float> (pixels.height);
 
@@ -134,7 +137,7 @@ void OxOglComponentTexture::create (const juce::Image& source, OxOglComponent& t
     textureId = created;
     target.addTexture (*this);
     glBindTexture (GL_TEXTURE_2D, created);
-    glTexImage2D (GL_TEXTURE_2D, 0, 4, pixels.width, pixels.height, 0, getGlFormat (straight.getFormat()),
+    glTexImage2D (GL_TEXTURE_2D, 0, static_cast<GLint> (format.texture), pixels.width, pixels.height, 0, format.pixels,
                   GL_UNSIGNED_BYTE, pixels.data);
     glTexParameteri (GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP);
     glTexParameteri (GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP);

@@ -131,7 +131,8 @@ TEST (FontTest, GivesNoRoomToWhatHasNoGlyph)
     OxJuceOglFont font, none;
     font.load ("FONT_FontText14_png", nullptr);
     none.load ("FONT_Nowhere_png", nullptr);
-    const auto text = juce::String (juce::CharPointer_UTF8 ("A\xc2\x85\xe0\xa0\x80\xe2\x82\xac" "B"));
+    const auto text = juce::String (juce::CharPointer_UTF8 ("A\xc2\x85\xe0\xa0\x80\xe2\x82\xac"
+                                                            "B"));
     EXPECT_EQ (font.measure (text), font.measure ("A") + font.measure ("B")) << "neither 133 nor 2048 nor 8364";
     EXPECT_EQ (font.measure ({}), 0);
     EXPECT_EQ (none.measure ("A"), 0);
