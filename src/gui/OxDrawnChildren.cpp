@@ -5,43 +5,44 @@
 
 OxDrawnChildren::~OxDrawnChildren()
 {
-    replace ({});
+    for (auto* const child : children)
+        child->drawnIn = nullptr;
 }
 
 void OxDrawnChildren::update (const juce::Component& parent)
 {
-    std::vector<OxOglChildComponent*> drawn;
+    for (auto* const child : children)
+        child->drawnIn = nullptr;
+
+    children.clear();
 
     for (auto* const child : parent.getChildren())
+    {
         if (auto* const element = dynamic_cast<OxOglChildComponent*> (child))
-            drawn.push_back (element);
-
-    replace (std::move (drawn));
+        {
+            children.push_back (element);
+            element->drawnIn = this;
+        }
+    }
 }
 
 void OxDrawnChildren::remove (OxOglChildComponent& child)
 {
-    auto others = children;
-    others.erase (std::remove (others.begin(), others.end(), &child), others.end());
-    replace (std::move (others));
+    children.erase (std::remove (children.begin(), children.end(), &child), children.end());
+    child.drawnIn = nullptr;
 }
 
-void OxDrawnChildren::replace (std::vector<OxOglChildComponent*> newChildren)
+void OxDrawnChildren::leaveSurface()
 {
     for (auto* const child : children)
-        child->drawnIn = nullptr;
-
-    for (auto* const child : newChildren)
-        child->drawnIn = this;
-
-    const juce::ScopedLock scope (lock);
-    children.swap (newChildren);
+    {
+        child->setOglComponent (nullptr);
+        child->drawnChildren.leaveSurface();
+    }
 }
 
 void OxDrawnChildren::renderAll (int elapsedMs)
 {
-    const juce::ScopedLock scope (lock);
-
     for (auto* const child : children)
         child->renderAll (elapsedMs);
 }

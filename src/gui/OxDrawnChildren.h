@@ -10,8 +10,8 @@ class OxOglChildComponent;
 /** The children of a component that are drawn, back to front: the message thread changes the component's own list, the
     render thread walks this one.
 
-    A change waits for a walk in progress, so a child that has left its parent is no longer drawn. Therefore: take a child
-    from its parent before its destructor begins, unless rendering has stopped. */
+    The owner replaces it while no frame is being drawn, so a child that has left its parent is no longer drawn. Therefore:
+    take a child from its parent before its destructor begins, unless rendering has stopped. */
 class OxDrawnChildren
 {
 public:
@@ -24,6 +24,9 @@ public:
     /** Lets go of a child that has left [message thread]. The toolkit tells a parent of those alone that were showing. */
     void remove (OxOglChildComponent& child);
 
+    /** Takes the surface, which dies, from each child and all below it [message thread]. */
+    void leaveSurface();
+
     /** Draws each child with all below it [render thread]. */
     void renderAll (int elapsedMs);
 
@@ -31,8 +34,5 @@ public:
     OxDrawnChildren& operator= (const OxDrawnChildren&) = delete;
 
 private:
-    void replace (std::vector<OxOglChildComponent*> newChildren);
-
     std::vector<OxOglChildComponent*> children;   // not owned; each knows this list
-    juce::CriticalSection lock;
 };

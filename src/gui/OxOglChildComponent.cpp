@@ -13,7 +13,6 @@ OxOglChildComponent::OxOglChildComponent (const juce::String& nameOfComponent)
 OxOglChildComponent::~OxOglChildComponent()
 {
     leaveParent();
-    jassert (! drawing);
 }
 
 void OxOglChildComponent::draw (int)
@@ -34,10 +33,7 @@ void OxOglChildComponent::renderAll (int elapsedMs)
 
     if (isDrawn())
     {
-        {
-            const ScopedDrawing scope (*this);
-            draw (elapsedMs);
-        }
+        draw (elapsedMs);
         drawnChildren.renderAll (elapsedMs);
     }
 
@@ -46,6 +42,7 @@ void OxOglChildComponent::renderAll (int elapsedMs)
 
 void OxOglChildComponent::childrenChanged()
 {
+    const ScopedChange change (*this);
     drawnChildren.update (*this);
 }
 
@@ -57,6 +54,9 @@ void OxOglChildComponent::parentHierarchyChanged()
 
 void OxOglChildComponent::leaveParent()
 {
-    if (drawnIn != nullptr)
-        drawnIn->remove (*this);
+    if (drawnIn == nullptr)
+        return;
+
+    const ScopedChange change (*this);
+    drawnIn->remove (*this);
 }

@@ -28,6 +28,7 @@ OxOglComponent::OxOglComponent()
 OxOglComponent::~OxOglComponent()
 {
     stopRenderThread();
+    drawnChildren.leaveSurface();
 }
 
 void OxOglComponent::stopRenderThread()
@@ -52,6 +53,7 @@ bool OxOglComponent::isContextCurrent() const noexcept
 void OxOglComponent::setOglComponent (OxJuceEditorBase* newEditor)
 {
     OxOglComponentUser::setOglComponent (newEditor);
+    const ScopedChange change (*this);
 
     for (std::size_t index = 0; index < fonts.size(); ++index)
     {
@@ -62,6 +64,7 @@ void OxOglComponent::setOglComponent (OxJuceEditorBase* newEditor)
 
 void OxOglComponent::childrenChanged()
 {
+    const ScopedChange change (*this);
     drawnChildren.update (*this);
 }
 
@@ -98,12 +101,15 @@ void OxOglComponent::addTexture (OxOglComponentTexture& texture)
 
     if (std::find (textureList.begin(), textureList.end(), &texture) == textureList.end())
         textureList.push_back (&texture);
+
+    texture.isListed = true;
 }
 
 void OxOglComponent::removeTexture (OxOglComponentTexture& texture)
 {
     const juce::ScopedLock lock (textureLock);
     textureList.erase (std::remove (textureList.begin(), textureList.end(), &texture), textureList.end());
+    texture.isListed = false;
 }
 
 // The context ---------------------------------------------------------------------------------------------------------
@@ -133,7 +139,10 @@ void OxOglComponent::openGLContextClosing()
     const juce::ScopedLock lock (textureLock);
 
     for (auto* const texture : textureList)
+    {
         texture->deleteTexture();
+        texture->isListed = false;
+    }
 
     textureList.clear();
 }
@@ -214,9 +223,11 @@ void OxOglComponent::drawFrame()
     owner.onPreRender();
 
     const auto elapsedMs = static_cast<int> ((now - lastFrameTime).inSeconds() * 1000.0);
-    drawBackground (elapsedMs);
-    drawnChildren.renderAll (elapsedMs);
-
+    {
+        const juce::ScopedLock scene (sceneLock);
+        drawBackground (elapsedMs);
+        drawnChildren.renderAll (elapsedMs);
+    }
     resetGlState();
     glLoadIdentity();
     owner.drawOverlays();

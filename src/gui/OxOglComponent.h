@@ -55,7 +55,8 @@ public:
     void removeTexture (OxOglComponentTexture& texture);
 
     GlStateCache glState;
-    OxReadWriteLock renderLock;   // read by a frame and by `updateGui`, written by whoever tears down
+    juce::CriticalSection sceneLock;   // held by a frame while it draws, and by whoever replaces what it reads
+    OxReadWriteLock renderLock;        // read by a frame and by `updateGui`, written by whoever tears down
 
     // OxOglComponentUser: also loads the nine fonts anew [message thread]
     void setOglComponent (OxJuceEditorBase* newEditor) override;

@@ -44,8 +44,8 @@ struct TransferFormat
 
 OxOglComponentTexture::~OxOglComponentTexture()
 {
-    if (auto* const target = surface.get())
-        target->removeTexture (*this);
+    if (isListed)
+        surface.get()->removeTexture (*this);
 }
 
 void OxOglComponentTexture::loadFromResource (const juce::String& resourceName)
@@ -82,7 +82,7 @@ void OxOglComponentTexture::bind (OxOglComponent* target)
     if (target == nullptr)
         return;
 
-    setOglComponent (target->getOglEditor());
+    setOglEditor (target->getOglEditor());
 
     if (! target->isContextCurrent())
         return;

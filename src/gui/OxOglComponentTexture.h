@@ -47,6 +47,8 @@ public:
     juce::uint32 blendSource = juce::gl::GL_SRC_ALPHA, blendDestination = juce::gl::GL_ONE_MINUS_SRC_ALPHA;
 
 private:
+    friend class OxOglComponent;
+
     void create (const juce::Image& source, OxOglComponent& target);
 
     float pixelWidth = 0.0f, pixelHeight = 0.0f;
@@ -54,6 +56,7 @@ private:
     juce::Image image;
     juce::CriticalSection imageLock;   // guards `image` alone, and is held for a copy
     Relaxed<juce::uint32> textureId = 0;
+    Relaxed<bool> isListed = false;   // among the textures of the surface, which then still lives
     juce::String name;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (OxOglComponentTexture)

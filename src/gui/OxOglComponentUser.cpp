@@ -10,17 +10,27 @@ void OxOglComponentUser::setOglComponent (OxJuceEditorBase* newEditor)
     if (newEditor == editor)
         return;
 
-    if (editor != nullptr)
-        waitWhileDrawing();
+    const ScopedChange change (*this);
+    setOglEditor (newEditor);
+}
 
+void OxOglComponentUser::setOglEditor (OxJuceEditorBase* newEditor) noexcept
+{
     editor = newEditor;
     surface = newEditor != nullptr ? &newEditor->surface : nullptr;
 }
 
-void OxOglComponentUser::waitWhileDrawing() const
+OxOglComponentUser::ScopedChange::ScopedChange (const OxOglComponentUser& drawer) :
+    lock (drawer.surface != nullptr ? &drawer.surface.get()->sceneLock : nullptr)
 {
-    while (drawing)
-        juce::Thread::sleep (1);
+    if (lock != nullptr)
+        lock->enter();
+}
+
+OxOglComponentUser::ScopedChange::~ScopedChange()
+{
+    if (lock != nullptr)
+        lock->exit();
 }
 
 void OxOglComponentUser::drawFilledRect (juce::Rectangle<int> area)

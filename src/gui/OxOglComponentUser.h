@@ -17,29 +17,31 @@ public:
     OxOglComponentUser() = default;
     virtual ~OxOglComponentUser() = default;
 
-    /** Binds to an editor and its surface, or with null to none [message thread]. Waits for a drawing in progress. */
+    /** Binds to an editor and its surface, or with null to none [message thread]. Waits for the frame in progress. */
     virtual void setOglComponent (OxJuceEditorBase* newEditor);
 
     OxJuceEditorBase* getOglEditor() const noexcept { return editor; }
     OxOglComponent* getSurface() const noexcept { return surface; }
 
 protected:
-    /** Says for as long as it lives that its owner draws [render thread]. */
-    class ScopedDrawing
+    /** Takes editor and surface with no wait [render thread, or what is not drawn]. */
+    void setOglEditor (OxJuceEditorBase* newEditor) noexcept;
+
+    /** Holds back the drawing of the surface while what a frame reads is replaced: texts, images, lists of anything
+        [message thread]. It waits for the frame in progress, and may stand within another one. Nothing is waited for and no
+        listener called while it is held. */
+    class ScopedChange
     {
     public:
-        explicit ScopedDrawing (OxOglComponentUser& drawer) : flag (drawer.drawing) { flag = true; }
-        ~ScopedDrawing() { flag = false; }
+        explicit ScopedChange (const OxOglComponentUser& drawer);
+        ~ScopedChange();
 
-        ScopedDrawing (const ScopedDrawing&) = delete;
-        ScopedDrawing& operator= (const ScopedDrawing&) = delete;
+        ScopedChange (const ScopedChange&) = delete;
+        ScopedChange& operator= (const ScopedChange&) = delete;
 
     private:
-        std::atomic<bool>& flag;
+        const juce::CriticalSection* const lock;   // null for a drawer without a surface, which is not drawn
     };
-
-    /** Sleeps, a millisecond at a time, until this is not being drawn [message thread]. */
-    void waitWhileDrawing() const;
 
     // Primitives in the pending state [render thread] ------------------------------------------------------------------
 
@@ -53,6 +55,5 @@ protected:
 
     Relaxed<OxOglComponent*> surface = nullptr;    // not owned
     Relaxed<OxJuceEditorBase*> editor = nullptr;   // not owned
-    std::atomic<bool> drawing { false };           // set around each draw
     Relaxed<bool> needsReload = true;              // of a texture: the image or the context is another one
 };
