@@ -4,11 +4,23 @@
 namespace
 {
 
-/** The manager of the process; it lives as long as the library. */
+/** The manager of the process. It goes with the library, which pods free after they have left. At the end of the process
+    there may still be some, and threads that serve them to the last: then it stays. */
+struct ProcessManager
+{
+    ~ProcessManager()
+    {
+        if (manager->isEmpty())
+            delete manager;
+    }
+
+    baylink::PodManager* const manager = new baylink::PodManager;
+};
+
 baylink::PodManager& getManager()
 {
-    static baylink::PodManager manager;
-    return manager;
+    static const ProcessManager holder;
+    return *holder.manager;
 }
 
 }   // namespace

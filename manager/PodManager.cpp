@@ -108,6 +108,12 @@ void PodManager::connect (IPod* pod, int numChannels)
     pod->id = id;
 }
 
+bool PodManager::isEmpty() const
+{
+    const Lock lock (mutex);
+    return order.empty();
+}
+
 PodId PodManager::drawId (int slotIndex)
 {
     constexpr auto upperBits = std::numeric_limits<PodId>::digits - kSlotBits;

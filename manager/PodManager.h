@@ -31,6 +31,9 @@ public:
         a number of channels outside 1 to `kMaxPodChannels`, or when `kMaxPods` pods are there. */
     void connect (IPod* pod, int numChannels);
 
+    /** @returns true while no pod is there [any thread]. */
+    bool isEmpty() const;
+
     void disconnect (PodId id) override;
     int getPodIds (PodId* outIds) override;
     PodInfo getPodInfo (PodId id) override;

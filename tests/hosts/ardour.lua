@@ -2,8 +2,10 @@
 -- One step of the comparison in Ardour's script console:
 --   create FOLDER TRACK...    saves a session with the tracks "Listener" and "Sender", which play the same recording
 --   add FOLDER TRACK          puts a sender with nothing to send before all others
---   export FOLDER BLOCKSIZE   exports with `ToggleAB` off into FOLDER/a, on into FOLDER/b, saves, and exports into
---                             FOLDER/silence with nothing on the sender's track
+--   export FOLDER BLOCKSIZE [fresh]
+--                             exports with `ToggleAB` on into FOLDER/b, which is the first that this process plays, saves,
+--                             and exports with nothing on the sender's track into FOLDER/silence, and off into FOLDER/a;
+--                             "fresh" first puts a new plug-in in the listener's place, which has to find the pod
 local step, folder = arg[1], arg[2]
 local name = folder:match ("[^/]+$")
 local sampleRate, numSamples, tickRate = 48000, 6 * 48000, 282240000
@@ -22,13 +24,17 @@ local function writeRecording()
     file:close()
 end
 
+local function addPlugin (track, isListener)
+    local id = isListener and "69B6DB0CD585A94854524B504C4D5730" or "ABCDEF019182FAEB4F727678426C5364"
+    local plugin = ARDOUR.LuaAPI.new_plugin (Session, id, ARDOUR.PluginType.VST3, "")
+    assert (not plugin:isnil() and track:add_processor_by_index (plugin, 0, nil, true) == 0, "cannot add a plug-in")
+end
+
 local function addTrack (trackName, order)
     local isListener = trackName == "Listener"
-    local id = isListener and "69B6DB0CD585A94854524B504C4D5730" or "ABCDEF019182FAEB4F727678426C5364"
 
     for track in Session:new_audio_track (2, 2, nil, 1, trackName, order, ARDOUR.TrackMode.Normal, true):iter() do
-        local plugin = ARDOUR.LuaAPI.new_plugin (Session, id, ARDOUR.PluginType.VST3, "")
-        assert (not plugin:isnil() and track:add_processor_by_index (plugin, 0, nil, true) == 0, trackName)
+        addPlugin (track, isListener)
         track:panner_shell():set_bypassed (true)
         track:gain_control():set_value (isListener and 1 or 0, PBD.GroupControlDisposition.NoGroup)
     end
@@ -65,11 +71,18 @@ else
     assert (load_session (folder, name), "cannot load")
 end
 
-if step == "add" then
+if step == "add" and Session:route_by_name (arg[3]):isnil() then
     addTrack (arg[3], 0)
     Session:save_state ("", false, false, false, false, false)
 elseif step == "export" then
-    local plugin, toggleParameter = Session:route_by_name ("Listener"):nth_plugin (0), 1   -- after the bypass
+    local track, toggleParameter = Session:route_by_name ("Listener"), 1   -- after the bypass
+
+    if arg[4] == "fresh" then
+        assert (track:remove_processor (track:nth_plugin (0), nil, true) == 0, "cannot remove the listener")
+        addPlugin (track, true)
+    end
+
+    local plugin = track:nth_plugin (0)
     print ("ToggleAB was " .. (ARDOUR.LuaAPI.get_processor_param (plugin, toggleParameter, false)))
 
     local function export (toggle, out)
@@ -81,11 +94,11 @@ elseif step == "export" then
         assert ((run:run_export()), "cannot export")
     end
 
-    export (0, "a")
     export (1, "b")
     Session:save_state ("", false, false, false, false, false)
     Session:route_by_name ("Sender"):to_track():playlist():region_list():table()[1]:set_muted (true)
     export (1, "silence")
+    export (0, "a")
 end
 
 close_session()

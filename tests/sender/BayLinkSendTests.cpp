@@ -147,3 +147,24 @@ TEST_F (BayLinkSendTest, DoesWithoutAManagerAndKeepsWhatItHasWhenBytesAreNoState
         EXPECT_EQ (block.getSample (1, 4096), -0.5f);
     }
 }
+
+TEST_F (BayLinkSendTest, HasItsManagerToTheLastWhenAHostEndsWithoutRemovingIt)
+{
+    const auto hostEnds = []
+    {
+        static PodSender* sender = nullptr;
+
+        // What a thread of the plug-in may do after the manager's library was told of the end.
+        const auto lastBlock = []
+        {
+            juce::AudioBuffer<float> block (2, 64);
+            sender->process (block, 0);
+            std::_Exit (sender->manager->getPodInfo (sender->id).valid == 1 ? 42 : 1);
+        };
+        std::atexit (lastBlock);
+        sender = new PodSender ("Drums");
+        sender->prepare (2, 64);
+        std::exit (0);
+    };
+    EXPECT_EXIT (hostEnds(), testing::ExitedWithCode (42), "");
+}
