@@ -6,6 +6,11 @@ namespace
 
 constexpr int kGuiInterval = 30;   // milliseconds
 
+float inverseIf (bool inverted, float value)
+{
+    return inverted ? 1.0f - value : value;
+}
+
 }   // namespace
 
 using LockMode = OxScopedReadWriteLock::Mode;
@@ -29,6 +34,8 @@ void OxJuceEditorBase::stopRendering()
     const OxScopedReadWriteLock lock (editorLock, LockMode::write, true, __func__);
 }
 
+// Updates -------------------------------------------------------------------------------------------------------------
+
 void OxJuceEditorBase::startGuiTimer()
 {
     startTimer (kGuiInterval);
@@ -40,6 +47,8 @@ void OxJuceEditorBase::timerCallback()
 
     if (! lock.isGained())
         return;
+
+    showDisableScreen (processorBase.pluginDisabled);
 
     if (processorBase.guiUpdatePending)
     {
@@ -58,9 +67,43 @@ void OxJuceEditorBase::updateGui()
         return;
 
     const OxJuceProfilerItem::Scope profile (getProfilerItem (profilesUpdateGui));
+    syncControlsFromParameters();
     updateProductGui();
     processorBase.clearChangedFlags();
+
+    const int changedId = processorBase.pendingParameterTextId;
+    processorBase.pendingParameterTextId = kNoParam;
+    showTextOfParameter (changedId);
     processorBase.checkParamMapVersionCompatibility();
+}
+
+void OxJuceEditorBase::syncControlsFromParameters()
+{
+    for (auto* const control : boundControls)
+        if (const auto id = control->getParameterId(); id != kNoParam)
+            control->setValue (inverseIf (control->inverted, processorBase.parameter (id).value), false);
+}
+
+void OxJuceEditorBase::showTextOfParameter (int paramId)
+{
+    if (paramId == kNoParam || ! processorBase.isParamShownOnChange (paramId))
+        return;
+
+    auto text = processorBase.getParameterName (paramId);
+    const auto isCommand = paramId == processorBase.getUndoParam() || paramId == processorBase.getRedoParam() ||
+                           paramId == processorBase.getPresetNextParam() ||
+                           paramId == processorBase.getPresetPrevParam();
+
+    if (! isCommand)
+        text << ": " << processorBase.getParameterText (paramId);
+
+    showParameterText (text);
+}
+
+void OxJuceEditorBase::resized()
+{
+    surface.setBounds (getBounds());
+    surface.setViewportDirty();
 }
 
 void OxJuceEditorBase::paint (juce::Graphics& graphics)
@@ -68,8 +111,102 @@ void OxJuceEditorBase::paint (juce::Graphics& graphics)
     graphics.fillAll (juce::Colours::grey);
 }
 
-void OxJuceEditorBase::resized()
+// Controls ------------------------------------------------------------------------------------------------------------
+
+void OxJuceEditorBase::addControl (OxOglChildComponent& control)
 {
-    surface.setBounds (getBounds());
-    surface.setViewportDirty();
+    surface.removeChildComponent (&control);
+    surface.addAndMakeVisible (control);
+    control.setOglComponent (this);
+}
+
+void OxJuceEditorBase::bindControl (OxJuceControl& control)
+{
+    if (control.getParameterId() == kNoParam)
+        boundControls.removeFirstMatchingValue (&control);
+    else
+        boundControls.addIfNotAlreadyThere (&control);
+}
+
+void OxJuceEditorBase::controlValueChanged (OxJuceControl& control)
+{
+    const auto id = control.getParameterId();
+
+    if (id == kNoParam)
+        return;
+
+    auto& record = processorBase.parameter (id);
+
+    if (const auto value = inverseIf (control.inverted, control.getValue()); value != record.value)
+    {
+        record.editedByGui = true;
+        processorBase.setParamUndoable (id, value, true);
+    }
+
+    if (id == processorBase.getProfilingParam())
+    {
+        processorBase.updateProfilerEnabled();
+        processorBase.setParamUndoable (processorBase.getMenuParam(), 0.0f, true);
+    }
+}
+
+void OxJuceEditorBase::controlGestureBegin (OxJuceControl& control)
+{
+    if (const auto id = control.getParameterId(); id != kNoParam)
+    {
+        processorBase.parameter (id).editedByGui = true;
+        processorBase.beginGesture (id);
+    }
+
+    processorBase.beginNewTransaction (control.getName());
+}
+
+void OxJuceEditorBase::controlGestureEnd (OxJuceControl& control)
+{
+    if (const auto id = control.getParameterId(); id != kNoParam)
+    {
+        processorBase.parameter (id).editedByGui = false;
+        processorBase.endGesture (id);
+    }
+}
+
+void OxJuceEditorBase::showDisableScreen (bool)
+{
+}
+
+// The host's mouse ----------------------------------------------------------------------------------------------------
+
+void OxJuceEditorBase::addHostMouseListener (EditorMouseListener& listener)
+{
+    mouseListeners.addIfNotAlreadyThere (&listener);
+}
+
+void OxJuceEditorBase::removeHostMouseListener (EditorMouseListener& listener)
+{
+    mouseListeners.removeFirstMatchingValue (&listener);
+}
+
+template <typename Question>
+bool OxJuceEditorBase::askMouseListeners (Question&& takes)
+{
+    for (int index = mouseListeners.size(); --index >= 0;)
+        if (takes (*mouseListeners.getUnchecked (index)))
+            return true;
+
+    return false;
+}
+
+bool OxJuceEditorBase::hostMouseDown (const juce::MouseEvent& event, int paramId)
+{
+    return askMouseListeners ([&] (EditorMouseListener& host) { return host.hostMouseDown (event, paramId); });
+}
+
+bool OxJuceEditorBase::hostMouseDrag (const juce::MouseEvent& event, int paramId)
+{
+    return askMouseListeners ([&] (EditorMouseListener& host) { return host.hostMouseDrag (event, paramId); });
+}
+
+bool OxJuceEditorBase::hostMouseUp (const juce::MouseEvent& event, int paramId)
+{
+    return askMouseListeners ([&] (EditorMouseListener& host) { return host.hostMouseUp (event, paramId); });
 }

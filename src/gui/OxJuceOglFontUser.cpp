@@ -34,6 +34,12 @@ void OxJuceOglFontUser::setJustification (TextJustification newJustification)
     justification = newJustification;
 }
 
+TextJustification OxJuceOglFontUser::getJustification() const
+{
+    const juce::ScopedLock lock (fontLock);
+    return justification;
+}
+
 void OxJuceOglFontUser::setWidthReference (const juce::String& sample)
 {
     const juce::ScopedLock lock (fontLock);

@@ -18,6 +18,7 @@ public:
     OxJuceOglFont* getFont();
 
     void setJustification (TextJustification newJustification);
+    TextJustification getJustification() const;
 
     /** @param sample the text is placed as if it had this one's width; empty for its own width */
     void setWidthReference (const juce::String& sample);

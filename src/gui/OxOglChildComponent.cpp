@@ -50,6 +50,13 @@ void OxOglChildComponent::parentHierarchyChanged()
 {
     if (getParentComponent() == nullptr)
         leaveParent();
+
+    drawnState.updateEnablement();
+}
+
+void OxOglChildComponent::enablementChanged()
+{
+    drawnState.updateEnablement();
 }
 
 void OxOglChildComponent::leaveParent()

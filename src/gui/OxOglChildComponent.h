@@ -2,7 +2,7 @@
 #pragma once
 
 #include "gui/OxDrawnChildren.h"
-#include "gui/OxDrawnGeometry.h"
+#include "gui/OxDrawnState.h"
 #include "gui/OxOglComponentUser.h"
 
 /** Base of every visible element: a component for layout and events that draws itself through OpenGL.
@@ -25,12 +25,14 @@ public:
     virtual const char* getTypeName() const { return "TYPE NAME NOT SET"; }
 
     /** Where the element lies in its parent, as `draw` may read it [any thread]. */
-    juce::Rectangle<int> getDrawnBounds() const noexcept { return geometry.getBounds(); }
+    juce::Rectangle<int> getDrawnBounds() const noexcept { return drawnState.getBounds(); }
     juce::Rectangle<int> getDrawnLocalBounds() const noexcept { return getDrawnBounds().withZeroOrigin(); }
-    bool isDrawn() const noexcept { return geometry.isVisible(); }
+    bool isDrawn() const noexcept { return drawnState.isVisible(); }
+    bool isDrawnEnabled() const noexcept { return drawnState.isEnabled(); }
 
     // juce::Component: an override calls these too
     void childrenChanged() override;
+    void enablementChanged() override;
     void parentHierarchyChanged() override;
 
 private:
@@ -38,7 +40,7 @@ private:
 
     void leaveParent();
 
-    OxDrawnGeometry geometry { *this };
+    OxDrawnState drawnState { *this };
     OxDrawnChildren drawnChildren;
     OxDrawnChildren* drawnIn = nullptr;   // the list this stands in [message thread]
 

@@ -149,7 +149,7 @@ void OxOglComponent::openGLContextClosing()
 
 void OxOglComponent::setupViewport()
 {
-    const auto bounds = geometry.getBounds();
+    const auto bounds = drawnState.getBounds();
     glViewport (0, 0, bounds.getWidth(), bounds.getHeight());
     glMatrixMode (GL_PROJECTION);
     glLoadIdentity();
@@ -241,6 +241,6 @@ void OxOglComponent::drawBackground (int)
         texture->bind (this);
 
         if (texture->hasTexture())
-            texture->drawQuad (geometry.getBounds().withZeroOrigin().toFloat());
+            texture->drawQuad (drawnState.getBounds().withZeroOrigin().toFloat());
     }
 }

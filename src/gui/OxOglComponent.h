@@ -3,7 +3,7 @@
 
 #include "gui/GlState.h"
 #include "gui/OxDrawnChildren.h"
-#include "gui/OxDrawnGeometry.h"
+#include "gui/OxDrawnState.h"
 #include "gui/OxJuceOglFont.h"
 #include "gui/OxOglComponentTexture.h"
 #include "gui/OxOglComponentUser.h"
@@ -80,7 +80,7 @@ private:
 
     static constexpr std::array<int, 9> kFontSizes { 10, 11, 12, 14, 18, 20, 22, 24, 28 };
 
-    OxDrawnGeometry geometry { *this };
+    OxDrawnState drawnState { *this };
     OxDrawnChildren drawnChildren;
     Relaxed<OxOglComponentTexture*> backgroundTexture = nullptr;   // not owned
     juce::Time lastFrameTime { juce::Time::getCurrentTime() };

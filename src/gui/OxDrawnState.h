@@ -5,18 +5,24 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
-/** Where a component lies and whether it shows, for the render thread to read while the message thread moves it. A frame may
+/** Where a component lies, whether it shows and whether it is enabled, for the render thread to read while the message thread moves it. A frame may
     meet a move half done; the next one does not. */
-class OxDrawnGeometry : private juce::ComponentListener
+class OxDrawnState : private juce::ComponentListener
 {
 public:
     /** @param watched must outlive this object */
-    explicit OxDrawnGeometry (juce::Component& watched);
-    ~OxDrawnGeometry() override;
+    explicit OxDrawnState (juce::Component& watched);
+    ~OxDrawnState() override;
 
     /** In the parent [any thread]. */
     juce::Rectangle<int> getBounds() const noexcept { return { x, y, width, height }; }
     bool isVisible() const noexcept { return visible; }
+
+    /** With all its parents [any thread]. */
+    bool isEnabled() const noexcept { return enabled; }
+
+    /** Looks anew whether the component is enabled [message thread]: the toolkit tells the component, not its listeners. */
+    void updateEnablement();
 
 private:
     void componentMovedOrResized (juce::Component&, bool, bool) override;
@@ -24,5 +30,5 @@ private:
 
     juce::Component& component;
     Relaxed<int> x = 0, y = 0, width = 0, height = 0;
-    Relaxed<bool> visible = false;
+    Relaxed<bool> visible = false, enabled = true;
 };

@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "gui/OxDrawnGeometry.h"
+#include "gui/OxDrawnState.h"
 
-OxDrawnGeometry::OxDrawnGeometry (juce::Component& watched) : component (watched)
+OxDrawnState::OxDrawnState (juce::Component& watched) : component (watched)
 {
     componentMovedOrResized (component, true, true);
     componentVisibilityChanged (component);
+    updateEnablement();
     component.addComponentListener (this);
 }
 
-OxDrawnGeometry::~OxDrawnGeometry()
+OxDrawnState::~OxDrawnState()
 {
     component.removeComponentListener (this);
 }
 
-void OxDrawnGeometry::componentMovedOrResized (juce::Component&, bool, bool)
+void OxDrawnState::componentMovedOrResized (juce::Component&, bool, bool)
 {
     x = component.getX();
     y = component.getY();
@@ -21,7 +22,12 @@ void OxDrawnGeometry::componentMovedOrResized (juce::Component&, bool, bool)
     height = component.getHeight();
 }
 
-void OxDrawnGeometry::componentVisibilityChanged (juce::Component&)
+void OxDrawnState::componentVisibilityChanged (juce::Component&)
 {
     visible = component.isVisible();
+}
+
+void OxDrawnState::updateEnablement()
+{
+    enabled = component.isEnabled();
 }

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "framework/OxParamRecord.h"
+#include "gui/OxOglChildComponent.h"
+
+/** Base of everything that a user can touch: one value from 0 to 1, a parameter it may stand for, listeners, and the mouse
+    conventions of the framework.
+
+    The value is a copy. A control never talks to the processor: it changes its own value and tells its listeners, of whom
+    the editor moves it to the parameter; a value that the editor brings comes silently. Everything runs on the message
+    thread but what says [render thread] or [any thread]. A control without an editor takes every call. */
+class OxJuceControl : public OxOglChildComponent
+{
+public:
+    /** Hears of a control. It may remove itself, or delete the control, from inside a call. */
+    class Listener
+    {
+    public:
+        virtual ~Listener() = default;
+
+        virtual void controlValueChanged (OxJuceControl&) {}
+        virtual void controlGestureBegin (OxJuceControl&) {}
+        virtual void controlGestureEnd (OxJuceControl&) {}
+    };
+
+    explicit OxJuceControl (const juce::String& nameOfControl);
+    ~OxJuceControl() override;
+
+    /** Binds the control to a parameter and an editor, who listens from here on, and takes the parameter's value and
+        default. An inverted control is marked as such before.
+        @param newId   `kNoParam` for no parameter
+        @param newOwner null for none */
+    void attach (int newId, OxJuceEditorBase* newOwner);
+
+    /** @param listener not owned; null or a second time is ignored */
+    void addListener (Listener* listener);
+    void removeListener (Listener* listener);
+
+    int getParameterId() const noexcept { return parameterId; }
+    float getValue() const noexcept { return value; }                      // [any thread]
+    int getCode() const noexcept { return thousandths::toCode (value); }   // the entry, of a control that chooses one
+    float getDefaultValue() const noexcept { return defaultValue; }
+    bool isLocked() const noexcept { return locked; }   // [any thread]
+    bool isChanging() const noexcept { return changing; }
+
+    /** Stores a value, clamped to 0 to 1; the value that stands changes nothing. @param notify tell the listeners */
+    virtual void setValue (float newValue, bool notify);
+
+    /** A gesture, which the host sees as one edit. */
+    virtual void beginChange();
+    virtual void endChange();
+
+    /** Ends the gesture that is under way, if one is. */
+    virtual void abortChange();
+
+    /** Called with each new value, before the listeners are. */
+    virtual void valueChanged (float) {}
+
+    /** The application's lock: no mouse input. It ends a gesture first. */
+    virtual void setLocked (bool shouldBeLocked);
+    virtual void lockChanged() {}
+
+    /** What the control shows depends on something that has just changed. */
+    virtual void refresh() {}
+
+    /** At which opacity the control draws everything [any thread]. */
+    virtual float getOpacity() const;
+
+    // juce::Component
+    void mouseEnter (const juce::MouseEvent& event) override;
+    void setVisible (bool shouldBeVisible) override;
+
+    bool inverted = false;            // shows 1 minus the parameter
+    bool showsParameterText = true;   // tells the editor when the pointer comes
+    Relaxed<bool> dimsWhenLocked = true;
+    Relaxed<float> lockedOpacity = 0.5f, normalOpacity = 1.0f;
+
+protected:
+    // From the last listener to the first; ends with the control.
+    virtual void sendValueChanged();
+    virtual void sendChangeBegin();
+    virtual void sendChangeEnd();
+
+    /** Whether a click means the default: alt on one kind of host, ctrl on the others. */
+    bool isResetClick (const juce::MouseEvent& event) const;
+
+    /** Goes back to the default if the click asks for it. */
+    virtual void resetOnClick (const juce::MouseEvent& event);
+
+    /** The scale of a mouse movement: a tenth while the key for fine steps is down. */
+    virtual float getFineFactor (const juce::MouseEvent& event) const;
+
+    /** Whether the host takes a mouse event on its parameter for itself. Every handler asks first, and stops on true. */
+    virtual bool hostMouseDown (const juce::MouseEvent& event);
+    virtual bool hostMouseDrag (const juce::MouseEvent& event);
+    virtual bool hostMouseUp (const juce::MouseEvent& event);
+
+private:
+    template <typename Notification>
+    void notifyListeners (Notification&& notify);
+
+    bool isOnProTools() const;
+    bool isOfferedToHost() const;
+
+    juce::Array<Listener*> listeners;   // not owned
+    int parameterId = kNoParam;
+    Relaxed<float> value = 0.0f;
+    float defaultValue = 0.0f;
+    Relaxed<bool> locked = false;
+    bool changing = false;   // between begin and end of a gesture
+};
