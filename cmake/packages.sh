@@ -27,6 +27,9 @@ buildPackages+=(fonts-dejavu-core libgl1 libgl1-mesa-dri)
 # ./test: a window system of its own, the tools that read our sources, and a recording.
 testPackages=(xvfb openbox clang-format clang-tidy sonic-pi-samples)
 
+# ./test draws the glyph sheets and the other pictures again.
+testPackages+=(python3-pil python3-freetype python3-cairo fonts-roboto-unhinted)
+
 # ./run: asking whether a display answers.
 runPackages=(x11-utils)
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/Images.h"
 
-#include "resources/Resources.h"
+#include <EmbeddedImages.h>
 
 juce::Image images::loadResource (const juce::String& resourceName)
 {

@@ -14,7 +14,8 @@ constexpr bool isInTable (int code)
 
 }   // namespace
 
-OxFontMetrics::OxFontMetrics (const GlyphRecord* records) : glyphs (records), height (records->bottom - records->top)
+OxFontMetrics::OxFontMetrics (const GlyphTable& records) :
+    glyphs (records), height (records.front().bottom - records.front().top)
 {
     for (int code = firstCode; code <= lastCode; ++code)
         widths[static_cast<std::size_t> (code)] = getGlyph (code).right - getGlyph (code).left;
@@ -29,8 +30,8 @@ const OxFontMetrics* OxFontMetrics::find (const juce::String& resourceName)
     auto& entry = known[resourceName];
 
     if (entry == nullptr)
-        if (const auto* const records = resources::findGlyphs (resourceName.toRawUTF8()))
-            entry = std::make_unique<OxFontMetrics> (records);
+        if (const auto* const records = findGlyphTable (resourceName.toRawUTF8()))
+            entry = std::make_unique<OxFontMetrics> (*records);
 
     return entry.get();
 }
@@ -38,7 +39,7 @@ const OxFontMetrics* OxFontMetrics::find (const juce::String& resourceName)
 const GlyphRecord& OxFontMetrics::getGlyph (int code) const noexcept
 {
     static constexpr GlyphRecord none {};
-    return isInTable (code) ? glyphs[code - firstCode] : none;
+    return isInTable (code) ? glyphs[static_cast<std::size_t> (code - firstCode)] : none;
 }
 
 int OxFontMetrics::getWidth (int code) const noexcept

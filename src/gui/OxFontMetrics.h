@@ -11,13 +11,13 @@
     kept while the program runs. */
 struct OxFontMetrics
 {
-    static constexpr int firstCode = 10, lastCode = 2048;
+    static constexpr int firstCode = firstGlyphCode, lastCode = lastGlyphCode;
 
     /** @param resourceName of the sheet, like "FONT_FontText10_png"
         @returns null if there is no such font [any thread] */
     static const OxFontMetrics* find (const juce::String& resourceName);
 
-    explicit OxFontMetrics (const GlyphRecord* records);
+    explicit OxFontMetrics (const GlyphTable& records);
 
     /** The record of a code; one of zeros for a code outside the table. */
     const GlyphRecord& getGlyph (int code) const noexcept;
@@ -25,7 +25,7 @@ struct OxFontMetrics
     /** Pixels from one glyph to the next; 0 for a code without a glyph. */
     int getWidth (int code) const noexcept;
 
-    const GlyphRecord* const glyphs;   // from `firstCode` on
-    const int height;                  // of every cell, pixels
+    const GlyphTable& glyphs;   // from `firstCode` on
+    const int height;           // of every cell, pixels
     std::array<int, lastCode + 1> widths {};
 };

@@ -1,17 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-/** Where a glyph's cell lies in its sheet, pixels; all zero for a code without a glyph. */
+#include <array>
+
+/** Where a character's cell stands in its sheet, in pixels; all zero for a character without a glyph.
+    The pen moves on by the cell's width. */
 struct GlyphRecord
 {
-    int left = 0, top = 0, right = 0, bottom = 0;
+    int left, top, right, bottom;
 };
 
-namespace resources
-{
+constexpr int firstGlyphCode = 10;
+constexpr int lastGlyphCode = 2048;
 
-/** @param sheet the resource name of a font's sheet, like "FONT_FontText10_png"
-    @returns the records of the codes 10 to 2048, or null if there is no such font [any thread] */
-const GlyphRecord* findGlyphs (const char* sheet);
+/** A record for each code from `firstGlyphCode` to `lastGlyphCode`, indexed by code minus `firstGlyphCode`.
+    The first one is a cell of the line's height; the last one is always empty. */
+using GlyphTable = std::array<GlyphRecord, lastGlyphCode - firstGlyphCode + 1>;
 
-}   // namespace resources
+/** The table of the font sheet with that resource name, such as "FONT_FontText10_png" [any thread].
+    @returns null for a null name and for one that is no font sheet; tables live as long as the program. */
+const GlyphTable* findGlyphTable (const char* resourceName);

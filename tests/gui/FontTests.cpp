@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "Pictures.h"
+#include "SurfaceRig.h"
+#include "gui/Images.h"
+#include "gui/OxJuceOglFontUser.h"
+#include "gui/Utf8.h"
+
+namespace
+{
+
+constexpr const char* kSheets[] { "FONT_FontText10_png", "FONT_FontText11_png",        "FONT_FontText12_png",
+                                  "FONT_FontText14_png", "FONT_FontText18_png",        "FONT_FontText20_png",
+                                  "FONT_FontText22_png", "FONT_FontText24_png",        "FONT_FontText28_png",
+                                  "FONT_FontText44_png", "FONT_DuoJudgeBigLetters_png" };
+
+std::vector<int> decode (const char* text)
+{
+    std::vector<int> codes;
+
+    while (const int code = readUtf8 (text))
+        codes.push_back (code);
+
+    return codes;
+}
+
+TEST (FontTest, DecodesUtf8AndNeverPassesTheEndOfATextThatBreaksOff)
+{
+    using Codes = std::vector<int>;
+    EXPECT_EQ (decode ("aé"), (Codes { 'a', 0xe9 }));
+    EXPECT_EQ (decode ("Ж€\xf0\x9f\x98\x80!"), (Codes { 0x416, 0x20ac, 0x1f600, '!' }));
+    EXPECT_EQ (decode ("\xc3\0hidden"), (Codes { 3 }));
+    EXPECT_EQ (decode ("\xf0\x9f\0hidden"), (Codes { 0x1f }));
+    EXPECT_EQ (decode ("\xe2xyz"), (Codes { 2, 'z' })) << "the lead's whole length is passed";
+    EXPECT_EQ (decode ("\xff\xff\xff\xffz"), (Codes { 0xf, 'z' }));
+    EXPECT_EQ (decode ("\xbfz"), (Codes { 0x3f, 'z' })) << "a byte that follows nothing stands for itself";
+}
+
+/** The text as the sheet has it, put together glyph by glyph. */
+void paintText (juce::Graphics& g, const char* sheet, juce::Point<int> at, const char* text, juce::Colour colour)
+{
+    const auto image = images::loadResource (sheet);
+    const auto& metrics = *OxFontMetrics::find (sheet);
+    g.setColour (colour);
+
+    while (const int code = readUtf8 (text))
+    {
+        const auto& glyph = metrics.getGlyph (code);
+        const auto width = glyph.right - glyph.left;
+
+        if (width > 0)
+            g.drawImage (image, at.x, at.y, width, metrics.height, glyph.left, glyph.top, width, metrics.height, true);
+
+        at.x += width;
+    }
+}
+
+TEST (FontTest, DrawsAWordOfEverySheetToThePixel)
+{
+    for (const auto* const sheet : kSheets)
+    {
+        SurfaceRig rig (320, 64);
+        OxJuceOglFont font;
+        font.load (sheet, rig.editor.get());
+        Sketch sketch ({ 0, 0, 320, 64 },
+                       [&] (Sketch& s)
+                       {
+                           s.colour() = juce::Colour (0xffbfbf6b);
+                           font.draw ({ 7, 1, 300, 62 }, "AXBYjg", TextJustification::left);
+                       });
+        rig.add (sketch);
+        const auto expected = painted (
+            320, 64,
+            [&] (juce::Graphics& g) {
+                paintText (g, sheet, { 7, 1 + (62 - font.getHeight()) / 2 }, "AXBYjg", juce::Colour (0xffbfbf6b));
+            });
+        EXPECT_GT (difference (expected, painted (320, 64, [] (juce::Graphics&) {})).numPixels, 40) << sheet;
+        EXPECT_TRUE (looksLike (expected, rig.picture(), 2)) << sheet;
+        rig.editor.reset();
+    }
+}
+
+struct Placing
+{
+    TextJustification justification;
+    int boxWidth, extraRoom;   // beyond the text's own width
+    const char* reference;
+    int expectedX;   // from the box's left edge
+};
+
+TEST (FontTest, PlacesATextByItsOwnOrAnothersWidth)
+{
+    SurfaceRig rig (200, 24);
+    auto& font = *rig.editor->surface.getFont (12);
+    const auto wide = font.measure ("0000"), narrow = font.measure ("1.");
+    ASSERT_GT (wide, narrow + 2);
+    const auto gap = wide - narrow;
+
+    for (const auto& [justification, boxWidth, extra, reference, x] :
+         { Placing { TextJustification::left, 60, 0, "0000", 0 },
+           { TextJustification::right, narrow, 9, "", 9 },
+           { TextJustification::right, narrow, -5, "", -5 },
+           { TextJustification::centre, narrow, 7, "", 3 },
+           { TextJustification::centre, narrow, -7, "", -3 },
+           { TextJustification::right, wide, 0, "0000", 0 },
+           { TextJustification::centre, narrow, gap + 2, "0000", 1 } })
+    {
+        OxJuceOglFontUser writer;
+        writer.setOglComponent (rig.editor.get());
+        writer.setFont (&font);
+        writer.setTextColour (juce::Colours::white);
+        writer.setJustification (justification);
+        writer.setWidthReference (reference);
+        Sketch sketch ({ 0, 0, 200, 24 }, [&, box = juce::Rectangle<int> (50, 2, boxWidth + extra, 20)] (Sketch&)
+                       { writer.drawText (box, "1."); });
+        rig.add (sketch);
+        const auto expected =
+            painted (200, 24,
+                     [&, x = x] (juce::Graphics& g) {
+                         paintText (g, "FONT_FontText12_png", { 50 + x, 2 + (20 - font.getHeight()) / 2 }, "1.",
+                                    juce::Colours::white);
+                     });
+        EXPECT_TRUE (looksLike (expected, rig.picture(), 2)) << static_cast<int> (justification) << " " << extra;
+        rig.editor->surface.removeChildComponent (&sketch);
+    }
+
+    rig.editor.reset();
+}
+
+TEST (FontTest, GivesNoRoomToWhatHasNoGlyph)
+{
+    OxJuceOglFont font, none;
+    font.load ("FONT_FontText14_png", nullptr);
+    none.load ("FONT_Nowhere_png", nullptr);
+    const auto text = juce::String (juce::CharPointer_UTF8 ("A\xc2\x85\xe0\xa0\x80\xe2\x82\xac" "B"));
+    EXPECT_EQ (font.measure (text), font.measure ("A") + font.measure ("B")) << "neither 133 nor 2048 nor 8364";
+    EXPECT_EQ (font.measure ({}), 0);
+    EXPECT_EQ (none.measure ("A"), 0);
+    EXPECT_EQ (none.getHeight(), 0);
+}
+
+TEST (FontTest, LeavesThePendingStateAsItWas)
+{
+    SurfaceRig rig;
+    GlState before, after, untouched;
+    Sketch sketch ({ 0, 0, 80, 60 },
+                   [&] (Sketch& s)
+                   {
+                       auto& pending = s.getSurface()->glState.pending;
+                       OxJuceOglFontUser writer;
+                       writer.setOglComponent (s.getOglEditor());
+                       writer.drawText ({ 0, 0, 80, 20 }, {});
+                       untouched = pending;
+                       before = pending;
+                       s.getSurface()->getFont (10)->draw ({ 0, 0, 80, 20 }, "text", TextJustification::centre);
+                       after = pending;
+                   });
+    rig.add (sketch);
+    EXPECT_TRUE (rig.frames (2));
+    rig.editor->surface.stopRenderThread();
+    EXPECT_EQ (untouched.colour, juce::Colours::white);
+    EXPECT_TRUE (before.texturing == after.texturing && before.colour == after.colour && ! after.texturing);
+}
+
+}   // namespace

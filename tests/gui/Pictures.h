@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <juce_gui_basics/juce_gui_basics.h>
+
+/** How far two pictures are apart: the largest difference of a channel, and how many pixels differ at all. */
+struct Difference
+{
+    int largest = 0, numPixels = 0;
+};
+
+inline Difference difference (const juce::Image& first, const juce::Image& second)
+{
+    Difference found;
+
+    for (int y = 0; y < first.getHeight(); ++y)
+        for (int x = 0; x < first.getWidth(); ++x)
+        {
+            const auto a = first.getPixelAt (x, y), b = second.getPixelAt (x, y);
+            const auto apart = std::max ({ std::abs (a.getRed() - b.getRed()), std::abs (a.getGreen() - b.getGreen()),
+                                           std::abs (a.getBlue() - b.getBlue()) });
+            found.largest = std::max (found.largest, apart);
+            found.numPixels += apart > 0;
+        }
+
+    return found;
+}
+
+/** What the toolkit's own renderer makes of a picture of this size on black. */
+template <typename Paint>
+juce::Image painted (int width, int height, Paint&& paint)
+{
+    juce::Image image (juce::Image::RGB, width, height, true);
+    juce::Graphics graphics (image);
+    paint (graphics);
+    return image;
+}
+
+/** Says whether two pictures are the same but for `tolerance` in any channel; if not, writes both and what differs. */
+inline bool looksLike (const juce::Image& expected, const juce::Image& actual, int tolerance = 1)
+{
+    if (expected.getBounds() == actual.getBounds() && difference (expected, actual).largest <= tolerance)
+        return true;
+
+    juce::Image apart (juce::Image::RGB, actual.getWidth(), actual.getHeight(), true);
+
+    for (int y = 0; y < apart.getHeight(); ++y)
+        for (int x = 0; x < apart.getWidth(); ++x)
+            if (expected.getPixelAt (x, y) != actual.getPixelAt (x, y))
+                apart.setPixelAt (x, y, juce::Colours::red);
+
+    const auto folder = juce::File::getSpecialLocation (juce::File::tempDirectory).getChildFile ("duojudge-pictures");
+    folder.createDirectory();
+
+    for (const auto& [name, image] :
+         { std::pair ("expected.png", expected), { "actual.png", actual }, { "apart.png", apart } })
+    {
+        folder.getChildFile (name).deleteFile();
+        juce::FileOutputStream out (folder.getChildFile (name));
+        juce::PNGImageFormat().writeImageToStream (image, out);
+    }
+
+    std::cerr << "the pictures are in " << folder.getFullPathName() << "\n";
+    return false;
+}
