@@ -165,7 +165,7 @@ private:
 
     void computeCellRects();
     void place (int column, int row, Placed Cell::*which);
-    void startMove (Placed& placed, juce::Rectangle<int> bounds);
+    void startMove (Placed& placed, juce::Rectangle<int> present, juce::Rectangle<int> bounds);
     void advance (Placed& placed) const;
 
     Tracks rowTracks, columnTracks;

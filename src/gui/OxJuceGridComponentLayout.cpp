@@ -102,7 +102,7 @@ void OxJuceGridComponent::place (int column, int row, Placed Cell::*which)
     const auto bounds = alignInCell (alignment, cell.cellRect, { component->getWidth(), component->getHeight() });
 
     if (animated && cell.moving)
-        startMove (placed, bounds);
+        startMove (placed, component->getBounds(), bounds);
     else
         component->setBounds (bounds);
 }

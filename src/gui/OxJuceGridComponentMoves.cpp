@@ -33,15 +33,15 @@ bool OxJuceGridComponent::setCellMoving (int column, int row, bool moves)
     return true;
 }
 
-void OxJuceGridComponent::startMove (Placed& placed, juce::Rectangle<int> bounds)
+void OxJuceGridComponent::startMove (Placed& placed, juce::Rectangle<int> present, juce::Rectangle<int> bounds)
 {
     const juce::ScopedLock scope (moveLock);
 
     if (! placed.onTheWay)
-        placed.currentRect = placed.component->getBounds().toFloat();
+        placed.currentRect = present.toFloat();
 
     placed.targetRect = bounds;
-    placed.onTheWay |= bounds != placed.component->getBounds();
+    placed.onTheWay |= bounds != present;
     animating |= placed.onTheWay;
 }
 
