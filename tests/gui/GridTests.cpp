@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "gui/GridAlignment.h"
+#include "gui/OxJuceGridComponent.h"
+
+#include <functional>
+
+#include <gtest/gtest.h>
+
+namespace juce
+{
+bool dispatchNextMessageOnSystemQueue (bool returnIfNoPendingMessages);
+}
+
+namespace
+{
+
+using Box = juce::Rectangle<int>;
+
+struct Piece : juce::Component
+{
+    explicit Piece (int& count) : alive (count) { setSize (7, 5), ++alive; }
+    ~Piece() override { --alive; }
+
+    int& alive;
+};
+
+/** 100 by 100 pixels, relative tracks, laid out at once. */
+struct Grid : OxJuceGridComponent
+{
+    Grid (int columns, int rows)
+    {
+        setSize (100, 100);
+        setNumColumns (columns);
+        setNumRows (rows);
+        setAutoLayout (true);
+    }
+    using OxJuceGridComponent::advanceMoves;
+};
+
+TEST (GridTest, AlignsInSixteenWays)
+{
+    const Box cell (10, 20, 30, 40);
+    const Box codes[] { { 10, 20, 7, 5 },  { 22, 20, 7, 5 },   { 33, 20, 7, 5 },  { 10, 38, 7, 5 },
+                        { 22, 38, 7, 5 },  { 33, 38, 7, 5 },   { 10, 55, 7, 5 },  { 22, 55, 7, 5 },
+                        { 33, 55, 7, 5 },  { 10, 20, 30, 40 }, { 10, 20, 30, 5 }, { 10, 38, 30, 5 },
+                        { 10, 55, 30, 5 }, { 10, 20, 7, 40 },  { 22, 20, 7, 40 }, { 33, 20, 7, 40 } };
+
+    for (int code = 1; code <= 16; ++code)
+        EXPECT_EQ (alignInCell (code, cell, { 7, 5 }), codes[code - 1]) << code;
+
+    for (const int code : { -1, 0, 17 })
+        EXPECT_EQ (alignInCell (code, cell, { 7, 5 }), Box()) << code;
+}
+
+TEST (GridTest, PutsGapsAndSpansAroundHiddenColumns)
+{
+    int alive = 0;
+    Grid grid (4, 3);
+    Piece covered (alive), background (alive);
+    grid.setCellComponent (1, 0, &covered);
+    grid.setBackgroundComponent (&background, false, true);
+    grid.setColumnSize (0, 20, true), grid.setColumnHidden (1, true), grid.setColumnSize (2, 40, true);
+    grid.setRowSize (1, 0, false);
+    grid.setGaps (5, 2);
+    EXPECT_TRUE (grid.setCellSpan (0, 0, 3, 1) && grid.setCellSpan (1, 1, 3, 2));
+    const Box rects[3][4] { { { 0, 0, 65, 49 }, { 20, 0, 0, 49 }, { 25, 0, 40, 49 }, { 70, 0, 30, 49 } },
+                            { { 0, 49, 20, 0 }, { 20, 49, 70, 51 }, { 25, 49, 40, 0 }, { 70, 49, 30, 0 } },
+                            { { 0, 51, 20, 49 }, { 20, 51, 0, 49 }, { 25, 51, 40, 49 }, { 70, 51, 30, 49 } } };
+
+    for (int row = 0; row < 3; ++row)
+        for (int column = 0; column < 4; ++column)
+            EXPECT_EQ (grid.getCellRect (column, row), rects[row][column]) << column << ", " << row;
+
+    EXPECT_EQ (covered.getBounds(), rects[0][1]);
+    EXPECT_EQ (background.getBounds(), grid.getLocalBounds());
+    grid.setColumnHidden (1, false), grid.setColumnLimits (1, 12, -1);
+    EXPECT_TRUE (grid.resetCellSpans (0, 0, 4, 3));
+    EXPECT_EQ (grid.getCellRect (0, 0), Box (0, 0, 20, 49));
+}
+
+TEST (GridTest, LaysOutWhenSomethingChangesAndOnlyThen)
+{
+    int alive = 0;
+    Piece piece (alive), extra (alive), parent (alive), late (alive);
+    Grid grid (2, 2);
+    parent.addAndMakeVisible (grid);
+    grid.setCellComponent (0, 0, &piece), grid.setCellExtraComponent (0, 0, &extra, false, true);
+    grid.setCellComponent (1, 1, &late);
+    const struct
+    {
+        const char* what;
+        std::function<bool()> change;
+        bool answer, laysOut;
+    } rows[] {
+        { "same size", [&] { return grid.setRowSize (0, 100, false); }, true, false },
+        { "size", [&] { return grid.setRowSize (0, 10, true); }, true, true },
+        { "no row", [&] { return grid.setRowSize (2, 1, true) || grid.setRowSize (-1, 1, true); }, false, false },
+        { "no column", [&] { return grid.setColumnSize (2, 1, true); }, false, false },
+        { "span of none", [&] { return grid.setCellSpan (0, 0, 0, 1); }, false, false },
+        { "span too wide", [&] { return grid.setCellSpan (1, 0, 2, 1); }, false, false },
+        { "same span", [&] { return grid.setCellSpan (0, 0, 1, 1); }, true, false },
+        { "span", [&] { return grid.setCellSpan (0, 0, 1, 2); }, true, true },
+        { "spans elsewhere", [&] { return grid.resetCellSpans (1, 0, 1, 2); }, true, false },
+        { "spans", [&] { return grid.resetCellSpans (0, 0, 2, 2); }, true, true },
+        { "alignment", [&] { return grid.setRowAlignment (0, 9) && grid.setColumnAlignment (0, 5); }, true, true },
+        { "nothing", [&] { return grid.setCellComponent (1, 1, nullptr); }, true, false },
+        { "no cell", [&] { return grid.setCellComponent (1, 2, &late); }, false, false },
+        { "itself", [&] { return grid.setCellComponent (1, 1, &grid); }, false, false },
+        { "its parent", [&] { return grid.setCellComponent (1, 1, &parent); }, false, false },
+        { "component", [&] { return grid.setCellComponent (1, 0, &late); }, true, true },
+        { "same count", [&] { return grid.setNumRows (2), grid.setNumColumns (-1), true; }, true, false },
+        { "no insertion", [&] { return grid.insertRow (3) || grid.removeColumn (2); }, false, false },
+        { "insertion", [&] { return grid.insertRow (2) && grid.insertColumn (2); }, true, true },
+        { "resize", [&] { return grid.setSize (50, 60), true; }, true, true }
+    };
+
+    for (const auto& row : rows)
+    {
+        piece.setBounds (99, 98, 7, 5);   // where no layout puts it
+        EXPECT_EQ (row.change(), row.answer) << row.what;
+        EXPECT_EQ (piece.getPosition() != juce::Point (99, 98), row.laysOut) << row.what;
+    }
+
+    EXPECT_EQ (piece.getBounds(), Box (5, 3, 7, 5)) << "the column's alignment goes before the row's";
+    EXPECT_EQ (extra.getParentComponent(), nullptr);
+    EXPECT_TRUE (grid.getCellComponent (0, 3) == nullptr && grid.getCellRect (-1, 0).isEmpty());
+}
+
+TEST (GridTest, WalksOfComponentsKeepOneCellAndOneOwnerEach)
+{
+    int alive = 0, most = 0;
+    juce::Random random (7);
+    {
+        Grid grids[] { { 3, 2 }, { 2, 3 } };
+
+        for (auto& grid : grids)
+            grid.setOwnsComponents (true);
+
+        const auto piece = [&alive] (const Grid& grid, int x, int y)
+        { return grid.getCellRect (x, y).isEmpty() ? nullptr : new Piece (alive); };
+        const std::function<void (Grid&, int, int)> changes[] {
+            [] (Grid& to, int, int y) { to.insertRow (to.getNumRows() < 4 ? y : -1); },
+            [] (Grid& to, int x, int) { to.insertColumn (to.getNumColumns() < 4 ? x : -1); },
+            [] (Grid& to, int, int y) { to.removeRow (y); },
+            [] (Grid& to, int x, int) { to.removeColumn (x); },
+            [] (Grid& to, int x, int y) { to.setCellComponent (x, y, nullptr); },
+            [] (Grid& to, int x, int y) { delete to.getCellComponent (x, y); },
+            [&] (Grid& to, int x, int y) { to.setCellComponent (x, y, piece (to, x, y)); },
+            [&] (Grid& to, int x, int y) { to.setCellExtraComponent (x, y, piece (to, x, y), true, true); },
+            [&] (Grid& to, int, int) { to.setBackgroundComponent (new Piece (alive), true, true); },
+        };
+
+        for (int step = 0; step < 20000; ++step)
+        {
+            auto& to = grids[random.nextInt (2)];
+            const auto& from = grids[random.nextInt (2)];
+            const auto x = random.nextInt (4) - 1, y = random.nextInt (4) - 1;
+
+            if (random.nextInt (4) == 0)
+                to.setCellComponent (x, y, from.getCellComponent (random.nextInt (3), random.nextInt (3)));
+            else
+                changes[random.nextInt (std::size (changes))](to, x, y);
+
+            most = std::max (most, alive);
+
+            for (const auto& grid : grids)
+            {
+                int placed = 0;
+
+                for (int cell = 0; cell < 16; ++cell)
+                {
+                    const auto* const component = grid.getCellComponent (cell % 4, cell / 4);
+                    placed += component != nullptr;
+                    ASSERT_TRUE (component == nullptr ||
+                                 (component->getParentComponent() == &grid &&
+                                  component->getBounds() == grid.getCellRect (cell % 4, cell / 4)))
+                        << step;
+                }
+                ASSERT_EQ (grid.getNumChildComponents(), placed) << step;
+            }
+        }
+        EXPECT_GT (most, 8);
+    }
+    EXPECT_EQ (alive, 0);
+}
+
+TEST (GridTest, GlidesToNewBoundsOnTheAxesThatMove)
+{
+    int alive = 0;
+    Piece piece (alive);
+    Grid grid (1, 1);
+    grid.setCellComponent (0, 0, &piece);
+    grid.setAnimation (true, OxJuceGridComponent::horizontal, 1), grid.setCellMoving (0, 0, true);
+    grid.setSize (200, 50);
+    EXPECT_EQ (piece.getBounds(), Box (100, 100));
+    const auto deliver = []
+    {
+        while (juce::dispatchNextMessageOnSystemQueue (true))
+            continue;
+    };
+
+    for (const auto width : { 120, 136, 149 })
+    {
+        grid.advanceMoves();
+        deliver();
+        EXPECT_EQ (piece.getBounds(), Box (width, 50));
+    }
+
+    for (int frame = 0; frame < 30; ++frame)
+        grid.advanceMoves();
+
+    deliver();
+    EXPECT_EQ (piece.getBounds(), grid.getLocalBounds());
+}
+
+}   // namespace
