@@ -97,7 +97,8 @@ public:
 
     /** Performs an action, which is owned from here on, under the undo lock [any thread]. An action that comes up while an
         undo, a redo, a swap of the alternate side or a load of a state writes its parameters on the same thread is dropped:
-        the history, the side or the state holds its result already. */
+        the history, the side or the state holds its result already. While an undo or a redo loads a preset it is performed
+        and not kept. */
     bool performUndoable (juce::UndoableAction* action);
 
     /** What is performed from now on is undone in one step, until the next call, undo or redo [any thread]. */
@@ -380,6 +381,7 @@ protected:
 
 private:
     friend class OxJuceABUndoableAction;
+    friend class OxJucePresetNavUndoableAction;
 
     enum class Group
     {
@@ -404,6 +406,8 @@ private:
     void loadRoot (const juce::XmlElement& root);
     void loadProgram (int index, const juce::XmlElement& xml, bool tellsHooks);
     void stepPreset (bool forward);
+    void goToPreset (const juce::String& folder, const juce::String& file);
+    bool writesAreConsequences() const;
     OxParamSet copyCurrentProgram();
     void setSides (const OxParamSet& live, const OxParamSet& alternate);
     void tellGestureBegin (int id);
@@ -437,6 +441,7 @@ private:
     static std::atomic<bool> newerVersionWarned;
 
     juce::CriticalSection gestureLock, linkedGestureLock, undoLock;
+    bool replaysStep = false;               // an undo or redo loads a preset; guarded by undoLock
     juce::Array<int> gestureParams;         // held by a user now
     juce::Array<int> linkedGestureParams;   // moved as a consequence meanwhile
 

@@ -31,7 +31,11 @@ struct PresetRig : Rig
     {
         block = juce::MemoryBlock (data, size_t (size)).toString().trim();
     }
-    void convertParamMap (int from) override { converted << from << " "; }
+    void convertParamMap (int from) override
+    {
+        converted << from << " ";
+        setParamUndoable (Test, 1.0f - getParameter (Test), true);   // twice would be none
+    }
 
     bool save (const juce::String& folder, const juce::String& name, float resume)
     {
@@ -40,6 +44,15 @@ struct PresetRig : Rig
         return ! preset.save() && preset.capture() && preset.save();
     }
     juce::String place() { return getPresetState().getName() + " " + juce::String (getParameter (Resume)); }
+    juce::String moment()
+    {
+        auto text = getPresetState().getName();
+
+        for (int param = ToggleAB; param <= Resume; ++param)
+            text << " " << getParameter (param);
+
+        return text;
+    }
     juce::String step (int param) { return setParamUndoable (param, 1.0f, true), place(); }
     juce::String block, converted;
 };
@@ -141,6 +154,31 @@ TEST (NavigationTest, FilesAreWalkedRoundBothEndsAndUndoneInOneStep)
         rig->previousPreset(), rig->nextPreset();
         EXPECT_EQ (rig->place(), after);
     }
+}
+
+TEST (NavigationTest, AnUndoneStepBringsBackWhatWasEditedAndAResetThePreset)
+{
+    auto rig = make();
+    const auto edit = [&] (float source, float reveal, float resume)
+    {
+        for (const auto& [param, value] :
+             { std::pair (ToggleAB, source), { ToggleXY, source }, { Reveal, reveal }, { Resume, resume } })
+            rig->setParamUndoable (param, value, true);
+    };
+    EXPECT_TRUE (rig->save ("User", "a", 0.25f));
+    edit (1.0f, 1.0f, 0.0f);
+    EXPECT_TRUE (rig->save ("User", "b", 0.5f));
+    const auto old = at ("User/b.oxp").loadFileAsString().replace ("FileVersion=\"1\"", "FileVersion=\"0\"");
+    EXPECT_TRUE (at ("User/b.oxp").replaceWithText (old) && rig->loadPreset ("User", "a"));
+    rig->beginNewTransaction(), edit (0.0f, 1.0f, 0.375f), rig->beginNewTransaction();
+    const auto before = rig->moment(), after = (rig->step (PresetNext), rig->moment());
+
+    for (const auto& [param, expected] : { std::pair (Undo, before), { Redo, after }, { Undo, before } })
+    {
+        rig->step (param);
+        EXPECT_EQ (rig->moment(), expected);
+    }
+    EXPECT_TRUE (rig->step (ResetToPreset) == "a 0.25" && ! rig->canRedo());
 }
 
 TEST (NavigationTest, ProgramsAreWalkedRoundBothEndsAndUndone)
