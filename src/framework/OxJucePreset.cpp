@@ -17,7 +17,7 @@ constexpr auto* kParametersTag = "Parameters";
 constexpr auto* kSpecificTag = "SpecificData";
 constexpr float kNotInFile = -1.0f;
 constexpr int kNoVersion = -1;
-constexpr juce::int64 kMaxFileSize = 4 << 20;   // bytes: a preset of 3000 parameters takes a tenth of that
+constexpr std::size_t kMaxFileSize = 4 << 20;   // bytes: a preset of 3000 parameters takes a tenth of that
 constexpr int kMaxProductAttributes = 8192;     // in the product's block
 
 }   // namespace
@@ -92,12 +92,15 @@ bool OxJucePreset::save()
 
     auto* const specific = root.createNewChildElement (kSpecificTag);
 
-    if (auto block = stateFrame::parse (specificData.getData(), specificData.getSize(), kMaxProductAttributes))
+    // What is no XML at all is left out. XML that a load would refuse, though, must not cost the user the file before.
+    if (auto block = juce::parseXML (specificData.toString()))
         specific->addChildElement (block.release());
 
     const auto text = root.toString();
+    const auto size = text.getNumBytesAsUTF8();
     const auto file = getFile();
-    saved = file != juce::File() && platform::replaceFile (file, text.toRawUTF8(), text.getNumBytesAsUTF8());
+    saved = file != juce::File() && parse (text.toRawUTF8(), size) != nullptr &&
+            platform::replaceFile (file, text.toRawUTF8(), size);
     processor->changeProgramName (processor->getCurrentProgram(), getName());
     processor->updateHostDisplay();
     return saved;
@@ -110,8 +113,13 @@ std::unique_ptr<juce::XmlElement> OxJucePreset::parseFile() const
     if (! platform::readFile (getFile(), content, kMaxFileSize))
         return {};
 
+    return parse (content.getData(), content.getSize());
+}
+
+std::unique_ptr<juce::XmlElement> OxJucePreset::parse (const void* text, std::size_t size) const
+{
     const auto maxAttributes = processor->getNumParameters() + kMaxProductAttributes;
-    return stateFrame::parse (content.getData(), content.getSize(), maxAttributes);
+    return size <= kMaxFileSize ? stateFrame::parse (text, size, maxAttributes) : nullptr;
 }
 
 bool OxJucePreset::load()

@@ -29,7 +29,8 @@ public:
     bool capture();
 
     /** Replaces the file in one step by what was captured, and makes the name the program's.
-        @returns whether the file is kept; without a capture, what the last save gave */
+        @returns whether the file is kept; without a capture, what the last save gave. It is not, and the one before stays,
+                 if the product's block is XML that a load would refuse. */
     bool save();
 
     /** Reads the file. @returns false, with the values as they were, if it is missing or no preset. */
@@ -64,6 +65,7 @@ public:
 
 private:
     std::unique_ptr<juce::XmlElement> parseFile() const;
+    std::unique_ptr<juce::XmlElement> parse (const void* text, std::size_t size) const;
     void readParameters (const juce::XmlElement& xml);
 
     OxJuceProcessorBase* processor = nullptr;   // not owned

@@ -126,6 +126,15 @@ TEST (PresetTest, AnOddFileLoadsAsFarAsItGoesAndASaveThatFailsLeavesItThere)
                  rig->getParameter (Resume) == 0.0f);
     EXPECT_TRUE (rig->converted == "0 " && rig->getPresetState().getFileVersion() == 1);
     EXPECT_TRUE (rig->getPresetState().getSavedValue (Resume) == -1.0f && rig->save ("User", longest, 1.0f));
+
+    // A block that no load would give back does not replace one that is kept; what is no XML is none.
+    for (const auto& [block, keeps] : { std::pair ("<A b='1'/>", true), { "<A>text</A>", false }, { "text", true } })
+    {
+        const auto before = file.loadFileAsString();
+        rig->block = block;
+        EXPECT_TRUE (rig->save ("User", longest, 0.5f) == keeps && rig->loadPreset ("User", longest)) << block;
+        EXPECT_EQ (file.loadFileAsString() != before, keeps) << block;
+    }
     EXPECT_EQ (at ("User").getNumberOfChildFiles (juce::File::findFilesAndDirectories), 1);
 }
 
