@@ -30,8 +30,7 @@ OxJucePreset::OxJucePreset (OxJuceProcessorBase* owner, const juce::String& fold
 void OxJucePreset::init (OxJuceProcessorBase* owner, const juce::String& folder, const juce::String& file)
 {
     saved = loaded = captured = applied = false;
-    encodedFolder = encodePresetName (folder);
-    setName (file);
+    setPlace (folder, file);
     processor = owner;
     fileVersion = kNoVersion;
 }
@@ -40,6 +39,12 @@ void OxJucePreset::setName (const juce::String& file)
 {
     encodedName = encodePresetName (file);
     values.name = file;
+}
+
+void OxJucePreset::setPlace (const juce::String& folder, const juce::String& file)
+{
+    encodedFolder = encodePresetName (folder);
+    setName (file);
 }
 
 juce::String OxJucePreset::getName() const
@@ -55,9 +60,8 @@ juce::File OxJucePreset::getFolderPath() const
 juce::File OxJucePreset::getFile() const
 {
     // Without a name there would be a hidden file, which no list shows.
-    return processor != nullptr && encodedName.isNotEmpty()
-               ? getFolderPath().getChildFile (encodedName + OxJucePresetFolders::kFileEnding)
-               : juce::File();
+    const auto folder = encodedName.isNotEmpty() ? getFolderPath() : juce::File();
+    return folder != juce::File() ? folder.getChildFile (encodedName + OxJucePresetFolders::kFileEnding) : folder;
 }
 
 bool OxJucePreset::capture()
@@ -110,7 +114,7 @@ std::unique_ptr<juce::XmlElement> OxJucePreset::parseFile() const
 {
     juce::MemoryBlock content;
 
-    if (! platform::readFile (getFile(), content, kMaxFileSize))
+    if (! platform::readFile (OxJucePresetFolders::findListed (getFile()), content, kMaxFileSize))
         return {};
 
     return parse (content.getData(), content.getSize());

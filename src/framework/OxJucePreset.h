@@ -25,6 +25,9 @@ public:
     void init (OxJuceProcessorBase* owner, const juce::String& folder, const juce::String& file);
     void setName (const juce::String& file);
 
+    /** Names another file and keeps the rest. @param folder encoded or not */
+    void setPlace (const juce::String& folder, const juce::String& file);
+
     /** Takes over the processor's parameters and block. */
     bool capture();
 
@@ -55,6 +58,8 @@ public:
     /** The folder, encoded. */
     const juce::String& getFolder() const noexcept { return encodedFolder; }
     juce::File getFolderPath() const;
+
+    /** The file as it is written, there or not; none without a name, or in a folder that leads out of the root. */
     juce::File getFile() const;
 
     /** @returns the version of the parameters' meaning in the file that was loaded, or -1 */

@@ -14,7 +14,7 @@ namespace
 
 const juce::File fixture (DUO_FIXTURES "/preset-1.1.2.oxp");
 
-juce::File at (const char* path)
+juce::File at (const juce::String& path)
 {
     return platform::getUserApplicationDataFolder().getChildFile ("ORVEX Audio/Presets/DuoJudge_1").getChildFile (path);
 }
@@ -44,14 +44,10 @@ struct PresetRig : Rig
         return ! preset.save() && preset.capture() && preset.save();
     }
     juce::String place() { return getPresetState().getName() + " " + juce::String (getParameter (Resume)); }
-    juce::String moment()
+    juce::MemoryBlock moment()
     {
-        auto text = getPresetState().getName();
-
-        for (int param = ToggleAB; param <= Resume; ++param)
-            text << " " << getParameter (param);
-
-        return text;
+        juce::MemoryBlock state;
+        return saveXmlState (state), state;
     }
     juce::String step (int param) { return setParamUndoable (param, 1.0f, true), place(); }
     juce::String block, converted;
@@ -165,29 +161,49 @@ TEST (NavigationTest, FilesAreWalkedRoundBothEndsAndUndoneInOneStep)
     }
 }
 
+TEST (NavigationTest, WhatIsListedLoadsHoweverItIsWrittenAndNothingLeavesTheRoot)
+{
+    auto rig = make();
+    const OxJucePresetFolders folders (*rig);
+
+    for (const auto* const written :
+         { "My %28soft%29/A%2FB.oxp", "My %28soft%29/A&2FB.oxp", "Caf\xc3\xa9/\xc3\xa9z.OXP" })
+    {
+        const auto file = at (juce::CharPointer_UTF8 (written));
+        EXPECT_TRUE (file.create().wasOk() && fixture.copyFileTo (file)) << written;
+    }
+    for (const auto& folder : folders.listPresetFolders())
+    {
+        EXPECT_TRUE (rig->save (folder, "b", 1.0f));
+        const auto files = folders.listPresetFiles (folder);
+        EXPECT_TRUE (files.size() == 2 && rig->loadPreset (folder, files[0]) && rig->loadPreset (folder, files[1]));
+        rig->nextPreset();
+        EXPECT_EQ (rig->getPresetState().getEncodedName(), encodePresetName (files[0]));
+    }
+    for (const auto* const out : { "..", ".", "\xc3\xa9.." })
+    {
+        const juce::String folder (juce::CharPointer_UTF8 { out });
+        EXPECT_FALSE (folders.createPresetFolder (folder) || rig->save (folder, "x", 1.0f)) << out;
+        EXPECT_TRUE (! rig->loadPreset (folder, "x") && folders.listPresetFiles (folder).isEmpty()) << out;
+    }
+}
+
 TEST (NavigationTest, AnUndoneStepBringsBackWhatWasEditedAndAResetThePreset)
 {
     auto rig = make();
-    const auto edit = [&] (float source, float reveal, float resume)
-    {
-        for (const auto& [param, value] :
-             { std::pair (ToggleAB, source), { ToggleXY, source }, { Reveal, reveal }, { Resume, resume } })
-            rig->setParamUndoable (param, value, true);
-    };
     EXPECT_TRUE (rig->save ("User", "a", 0.25f));
-    edit (1.0f, 1.0f, 0.0f);
+    rig->setParamDirect (ToggleXY, 1.0f, false), rig->setParamDirect (Reveal, 1.0f, false);
     EXPECT_TRUE (rig->save ("User", "b", 0.5f));
     const auto old = at ("User/b.oxp").loadFileAsString().replace ("FileVersion=\"1\"", "FileVersion=\"0\"");
     EXPECT_TRUE (at ("User/b.oxp").replaceWithText (old) && rig->loadPreset ("User", "a"));
-    rig->beginNewTransaction(), edit (0.0f, 1.0f, 0.375f), rig->beginNewTransaction();
+    rig->setParamDirect (Reveal, 1.0f, false), rig->setParamDirect (Resume, 0.375f, false);
+    rig->beginNewTransaction();
     const auto before = rig->moment(), after = (rig->step (PresetNext), rig->moment());
 
     for (const auto& [param, expected] : { std::pair (Undo, before), { Redo, after }, { Undo, before } })
-    {
-        rig->step (param);
-        EXPECT_EQ (rig->moment(), expected);
-    }
-    EXPECT_TRUE (rig->step (ResetToPreset) == "a 0.25" && ! rig->canRedo());
+        EXPECT_TRUE ((rig->step (param), rig->moment()) == expected) << param;
+
+    EXPECT_TRUE (rig->step (ResetToPreset) == "a 0.25" && rig->converted == "0 0 ");
 }
 
 TEST (NavigationTest, ProgramsAreWalkedRoundBothEndsAndUndone)
