@@ -124,7 +124,7 @@ void OxJuceProcessorBase::loadPresetPlace (const juce::XmlElement& xml)
     if ((folder.isEmpty() || file.isEmpty()) && file != OxJucePresetFolders::kDefaultName)
         return;
 
-    presetState.init (this, folder, file);
+    presetState.setPlace (folder, file);
     reloadPreset();
     changeProgramName (getCurrentProgram(), file);
     updateHostDisplay();
@@ -211,7 +211,7 @@ bool OxJuceProcessorBase::loadDefault()
     {
         changeProgramName (getCurrentProgram(), file);
         updateHostDisplay();
-        presetState.init (this, readSettingText (kDefaultFolderKey), file);
+        presetState.setPlace (readSettingText (kDefaultFolderKey), file);
     }
 
     numUserPrograms = 1;
