@@ -17,7 +17,7 @@ constexpr auto* kParametersTag = "Parameters";
 constexpr auto* kSpecificTag = "SpecificData";
 constexpr float kNotInFile = -1.0f;
 constexpr int kNoVersion = -1;
-constexpr juce::int64 kMaxFileSize = 4 << 20;   // bytes: a preset of 3000 parameters takes a tenth of that
+constexpr std::size_t kMaxFileSize = 4 << 20;   // bytes: a preset of 3000 parameters takes a tenth of that
 constexpr int kMaxProductAttributes = 8192;     // in the product's block
 
 }   // namespace
@@ -30,8 +30,7 @@ OxJucePreset::OxJucePreset (OxJuceProcessorBase* owner, const juce::String& fold
 void OxJucePreset::init (OxJuceProcessorBase* owner, const juce::String& folder, const juce::String& file)
 {
     saved = loaded = captured = applied = false;
-    encodedFolder = encodePresetName (folder);
-    setName (file);
+    setPlace (folder, file);
     processor = owner;
     fileVersion = kNoVersion;
 }
@@ -40,6 +39,12 @@ void OxJucePreset::setName (const juce::String& file)
 {
     encodedName = encodePresetName (file);
     values.name = file;
+}
+
+void OxJucePreset::setPlace (const juce::String& folder, const juce::String& file)
+{
+    encodedFolder = encodePresetName (folder);
+    setName (file);
 }
 
 juce::String OxJucePreset::getName() const
@@ -55,9 +60,8 @@ juce::File OxJucePreset::getFolderPath() const
 juce::File OxJucePreset::getFile() const
 {
     // Without a name there would be a hidden file, which no list shows.
-    return processor != nullptr && encodedName.isNotEmpty()
-               ? getFolderPath().getChildFile (encodedName + OxJucePresetFolders::kFileEnding)
-               : juce::File();
+    const auto folder = encodedName.isNotEmpty() ? getFolderPath() : juce::File();
+    return folder != juce::File() ? folder.getChildFile (encodedName + OxJucePresetFolders::kFileEnding) : folder;
 }
 
 bool OxJucePreset::capture()
@@ -92,12 +96,15 @@ bool OxJucePreset::save()
 
     auto* const specific = root.createNewChildElement (kSpecificTag);
 
-    if (auto block = stateFrame::parse (specificData.getData(), specificData.getSize(), kMaxProductAttributes))
+    // What is no XML at all is left out. XML that a load would refuse, though, must not cost the user the file before.
+    if (auto block = juce::parseXML (specificData.toString()))
         specific->addChildElement (block.release());
 
     const auto text = root.toString();
+    const auto size = text.getNumBytesAsUTF8();
     const auto file = getFile();
-    saved = file != juce::File() && platform::replaceFile (file, text.toRawUTF8(), text.getNumBytesAsUTF8());
+    saved = file != juce::File() && parse (text.toRawUTF8(), size) != nullptr &&
+            platform::replaceFile (file, text.toRawUTF8(), size);
     processor->changeProgramName (processor->getCurrentProgram(), getName());
     processor->updateHostDisplay();
     return saved;
@@ -107,11 +114,16 @@ std::unique_ptr<juce::XmlElement> OxJucePreset::parseFile() const
 {
     juce::MemoryBlock content;
 
-    if (! platform::readFile (getFile(), content, kMaxFileSize))
+    if (! platform::readFile (OxJucePresetFolders::findListed (getFile()), content, kMaxFileSize))
         return {};
 
+    return parse (content.getData(), content.getSize());
+}
+
+std::unique_ptr<juce::XmlElement> OxJucePreset::parse (const void* text, std::size_t size) const
+{
     const auto maxAttributes = processor->getNumParameters() + kMaxProductAttributes;
-    return stateFrame::parse (content.getData(), content.getSize(), maxAttributes);
+    return size <= kMaxFileSize ? stateFrame::parse (text, size, maxAttributes) : nullptr;
 }
 
 bool OxJucePreset::load()

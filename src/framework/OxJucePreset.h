@@ -25,11 +25,15 @@ public:
     void init (OxJuceProcessorBase* owner, const juce::String& folder, const juce::String& file);
     void setName (const juce::String& file);
 
+    /** Names another file and keeps the rest. @param folder encoded or not */
+    void setPlace (const juce::String& folder, const juce::String& file);
+
     /** Takes over the processor's parameters and block. */
     bool capture();
 
     /** Replaces the file in one step by what was captured, and makes the name the program's.
-        @returns whether the file is kept; without a capture, what the last save gave */
+        @returns whether the file is kept; without a capture, what the last save gave. It is not, and the one before stays,
+                 if the product's block is XML that a load would refuse. */
     bool save();
 
     /** Reads the file. @returns false, with the values as they were, if it is missing or no preset. */
@@ -54,6 +58,8 @@ public:
     /** The folder, encoded. */
     const juce::String& getFolder() const noexcept { return encodedFolder; }
     juce::File getFolderPath() const;
+
+    /** The file as it is written, there or not; none without a name, or in a folder that leads out of the root. */
     juce::File getFile() const;
 
     /** @returns the version of the parameters' meaning in the file that was loaded, or -1 */
@@ -64,6 +70,7 @@ public:
 
 private:
     std::unique_ptr<juce::XmlElement> parseFile() const;
+    std::unique_ptr<juce::XmlElement> parse (const void* text, std::size_t size) const;
     void readParameters (const juce::XmlElement& xml);
 
     OxJuceProcessorBase* processor = nullptr;   // not owned

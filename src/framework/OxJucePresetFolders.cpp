@@ -21,6 +21,21 @@ juce::String getUserPath()
         .getFullPathName();
 }
 
+/** Whether a folder's name would be a step on the way instead. */
+bool isStep (const juce::String& encodedFolder)
+{
+    return encodedFolder == "." || encodedFolder == "..";
+}
+
+/** How this version would write the name of a file or folder that is shown as this one is. */
+juce::String getPlainName (const juce::File& file)
+{
+    const juce::String ending = OxJucePresetFolders::kFileEnding;   // lists take it in capitals too
+    const auto name = file.getFileName();
+    const auto stem = name.endsWithIgnoreCase (ending) ? name.dropLastCharacters (ending.length()) : name;
+    return encodePresetName (decodePresetName (stem)) + (stem != name ? ending : juce::String());
+}
+
 }   // namespace
 
 OxJucePresetFolders::OxJucePresetFolders (OxJuceProcessorBase& owner) : processor (owner)
@@ -46,15 +61,34 @@ juce::File OxJucePresetFolders::presetRootFor (const juce::String& encodedFolder
 
 juce::File OxJucePresetFolders::getFolderPath (const juce::String& encodedFolder) const
 {
-    return presetRootFor (encodedFolder).getChildFile (encodedFolder);
+    if (isStep (encodedFolder))
+        return {};
+
+    const auto root = presetRootFor (encodedFolder);
+    return encodedFolder.isEmpty() ? root : findListed (root.getChildFile (encodedFolder));
+}
+
+juce::File OxJucePresetFolders::findListed (const juce::File& encoded)
+{
+    if (encoded == juce::File() || encoded.exists())
+        return encoded;
+
+    for (const auto& other : encoded.getParentDirectory().findChildFiles (
+             juce::File::findFilesAndDirectories | juce::File::ignoreHiddenFiles, false))
+        if (getPlainName (other) == encoded.getFileName())
+            return other;
+
+    return encoded;
 }
 
 bool OxJucePresetFolders::createPresetFolder (const juce::String& name) const
 {
-    if (factoryFolders.contains (name))
+    const auto encoded = encodePresetName (name);
+
+    if (factoryFolders.contains (name) || encoded.isEmpty() || isStep (encoded))
         return false;
 
-    const auto folder = getUserRoot().getChildFile (encodePresetName (name));
+    const auto folder = getUserRoot().getChildFile (encoded);
     folder.createDirectory();   // fails also where another process was first
     return folder.isDirectory();
 }
@@ -65,7 +99,7 @@ juce::StringArray OxJucePresetFolders::listPresetFolders() const
 
     for (const auto& folder :
          getUserRoot().findChildFiles (juce::File::findDirectories | juce::File::ignoreHiddenFiles, false))
-        names.add (decodePresetName (folder.getFileName()));
+        names.addIfNotAlreadyThere (decodePresetName (folder.getFileName()));
 
     if (names.isEmpty())
         createPresetFolder ("User");
@@ -86,9 +120,12 @@ juce::StringArray OxJucePresetFolders::listPresetFiles (const juce::String& fold
     juce::StringArray names;
     const auto path = getFolderPath (encodePresetName (folder));
 
+    if (path == juce::File())
+        return names;
+
     for (const auto& file : path.findChildFiles (juce::File::findFiles | juce::File::ignoreHiddenFiles, false,
                                                  juce::String ("*") + kFileEnding))
-        names.add (decodePresetName (file.getFileNameWithoutExtension()));
+        names.addIfNotAlreadyThere (decodePresetName (file.getFileNameWithoutExtension()));
 
     return names;
 }
@@ -97,13 +134,14 @@ std::vector<OxJucePreset> OxJucePresetFolders::buildPresetList (const juce::Stri
                                                                 int& index) const
 {
     const auto names = listPresetFiles (folder);
+    const auto shown = decodePresetName (file), encoded = encodePresetName (file);
     index = -1;
     std::vector<OxJucePreset> list;
     list.reserve (static_cast<std::size_t> (names.size()));
 
     for (const auto& name : names)
     {
-        if (name == decodePresetName (file))
+        if (name == shown || (index < 0 && encodePresetName (name) == encoded))
             index = static_cast<int> (list.size());
 
         list.emplace_back (&processor, folder, name);

@@ -21,7 +21,8 @@ public:
     /** @param owner must outlive this object */
     explicit OxJucePresetFolders (OxJuceProcessorBase& owner);
 
-    /** @returns whether a user's folder of this name exists afterwards. */
+    /** @returns whether a user's folder of this name exists afterwards; a name that leaves nothing or leads elsewhere when it
+                 is encoded names none. */
     bool createPresetFolder (const juce::String& name) const;
 
     /** The names, decoded, the product's own folders first and the user's by the alphabet. A user without one gets a first,
@@ -49,8 +50,12 @@ public:
 
     juce::File presetRootFor (const juce::String& encodedFolder) const;
 
-    /** The place of a preset folder on disk. */
+    /** The place of a preset folder on disk, there or not; none for a name that leads out of the root. */
     juce::File getFolderPath (const juce::String& encodedFolder) const;
+
+    /** A file or folder as it is to be read: where none stands under the encoded name, the one that is shown by the same name,
+        as one of an older encoding is. */
+    static juce::File findListed (const juce::File& encoded);
 
 private:
     OxJucePreset findPreset (const juce::String& folder, const juce::String& file, int step) const;

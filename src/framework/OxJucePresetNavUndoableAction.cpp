@@ -37,7 +37,7 @@ bool OxJucePresetNavUndoableAction::goTo (int program, const juce::String& folde
 
     if (processor->keepsPresetFiles())
     {
-        processor->loadPreset (folder, file);
+        processor->goToPreset (folder, file);
     }
     else
     {

@@ -4,6 +4,7 @@
 #include "framework/CDelayFilter.h"
 #include "framework/OxJuceChannelUser.h"
 #include "framework/OxJucePreset.h"
+#include "framework/OxJuceProcessorHooks.h"
 #include "framework/OxJuceProfilerItem.h"
 #include "framework/OxParamRecord.h"
 
@@ -17,11 +18,12 @@
 
     Parameters live in three groups of plain records under one integer id: normal ones (0 and up: one set a program, seen by
     the host), persistent ones (9000 and up: machine-wide) and transient ones (9100 and up: never saved). Any thread reads
-    and writes a record without a lock. The product gives keys, names, texts, roles and the audio through virtual hooks; the
-    object is several megabytes large and belongs on the heap. */
+    and writes a record without a lock. The product gives keys, roles and the audio through its hooks, and names and texts as
+    the toolkit asks for them; the object is several megabytes large and belongs on the heap. */
 class OxJuceProcessorBase : public juce::AudioProcessor,
                             public juce::Timer,
                             public juce::UndoManager,
+                            public OxJuceProcessorHooks,
                             public OxJuceChannelUser,
                             protected CDelayFilter<float>
 {
@@ -97,7 +99,8 @@ public:
 
     /** Performs an action, which is owned from here on, under the undo lock [any thread]. An action that comes up while an
         undo, a redo, a swap of the alternate side or a load of a state writes its parameters on the same thread is dropped:
-        the history, the side or the state holds its result already. */
+        the history, the side or the state holds its result already. While an undo or a redo loads a preset it is performed
+        and not kept. */
     bool performUndoable (juce::UndoableAction* action);
 
     /** What is performed from now on is undone in one step, until the next call, undo or redo [any thread]. */
@@ -192,9 +195,6 @@ public:
     void setParameter (int index, float value) override;
     bool isParameterAutomatable (int) const override { return true; }
 
-    /** @returns whether an adapter publishes the parameter to the host. */
-    virtual bool isParameterHostVisible (int) const { return true; }
-
     int getNumPrograms() override { return numPrograms; }
     int getCurrentProgram() override { return currentProgram; }
     void setCurrentProgram (int index) override;
@@ -211,23 +211,11 @@ public:
 
     void timerCallback() override;
 
-    // Hooks of the product --------------------------------------------------------------------------------------------
-
-    /** Called by the product's constructor and destructor. */
-    virtual void initialiseProduct() {}
-    virtual void shutdownProduct() {}
-    virtual void handleVendorPointer (void*) {}
+    // Duties of the framework that a product may take over --------------------------------------------------------------
 
     /** Takes the path of the processed file from a "FILEDETAILS" element and drops the element [the host's thread]. */
     virtual void setFileDetails (std::unique_ptr<juce::XmlElement> xml);
-    virtual bool handleVendorArguments (const juce::StringArray&) { return true; }
 
-    /** The stable text key of a parameter, in saved XML and in the settings. */
-    virtual juce::String getParamKey (int id) = 0;
-    virtual int getParamIdForKey (const juce::String& key) = 0;
-    virtual bool isParamExcludedFromPresets (int id) = 0;
-    virtual bool isParamShownOnChange (int id) = 0;
-    virtual bool isParamUndoable (int id) = 0;
     virtual int getNumPersistentParams() { return numPersistentParams; }
     virtual int getNumTransientParams() { return numTransientParams; }
 
@@ -235,9 +223,6 @@ public:
         @param value what a swap stores in the parameter that tells which side is seen */
     virtual void toggleAlternate (float value);
     virtual void copyToAlternate (float value);
-
-    /** Called after every write of every group, on the thread that wrote. */
-    virtual void parameterChanged (int id) = 0;
 
     /** Keeps the normal parameters as what new instances on this machine begin with. */
     virtual void saveAsDefault();
@@ -247,13 +232,6 @@ public:
 
     /** Writes id, key and value of a parameter to the log [any thread but the audio thread]. */
     virtual void logParam (int id);
-    virtual int getParamMapVersion() { return 1; }
-    virtual int getPersistentParamMapVersion() { return 1; }
-    virtual void convertParamMap (int) {}
-    virtual void convertPersistentParamMap (int) {}
-
-    /** The full path to use in place of `path`, a root of preset folders. */
-    virtual juce::String adjustPresetFolder (const juce::String& path) { return path; }
 
     // The current preset file [message thread, or a host's thread that loads a state or changes the channel count]. A file
     // that is missing or no preset leaves the parameters as they are.
@@ -276,52 +254,10 @@ public:
 
     /** @returns whether a parameter has moved from what the file holds. */
     virtual bool isPresetModified();
-    virtual bool isParamCompared (int) { return true; }
 
-    virtual void getExtraStateBlock (juce::MemoryBlock&) {}
-    virtual void setExtraStateBlock (const void*, int) {}
-    virtual void writeExtraState (juce::XmlElement&) {}
-    virtual void readExtraState (const juce::XmlElement&) {}
-
-    /** The product's audio [audio thread]: `block` is changed in place. */
-    virtual void processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) = 0;
-    virtual void prepareAudio (double, int) {}
-
+    /** Begin an offline pass at sample 0 [the host's render thread]. */
     virtual void prepareOfflineRender();
     virtual void prepareOfflineAnalysis();
-    virtual void finishOfflineRender() {}
-    virtual void finishOfflineAnalysis() {}
-    virtual void renderOffline (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) { processAudio (block, midi); }
-    virtual void analyseOffline (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) { processAudio (block, midi); }
-
-    /** Recomputes what audio needs from the parameters, after one of them has changed [message thread, or that of an
-        offline pass].
-        @returns false to be called again at the next tick */
-    virtual bool updateFromParams() { return true; }
-
-    /** Runs every 50 ms on the message thread, and for every chunk of an offline pass. */
-    virtual void timerTick() {}
-
-    // Roles: the product's constant id behind each duty of the framework.
-    virtual int getMenuParam() const = 0;
-    virtual int getUndoParam() const = 0;
-    virtual int getRedoParam() const = 0;
-    virtual int getAbParam() const = 0;
-    virtual int getAtoBParam() const = 0;
-    virtual int getPresetNextParam() const = 0;
-    virtual int getPresetPrevParam() const = 0;
-    virtual int getProfilingParam() const = 0;
-    virtual int getExportSupportParam() const = 0;
-    virtual int getRoutingParam() const = 0;
-    virtual int getRoutingDefaultParam() const = 0;
-    virtual int getRoutingDefault71Param() const = 0;
-    virtual int getRoutingDefault712Param() const = 0;
-    virtual int getFramerateParam() const = 0;
-    virtual int getFramerateDefaultParam() const = 0;
-    virtual int getParamMapVersionParam() const = 0;
-    virtual int getPersistentParamMapVersionParam() const = 0;
-    virtual int getResetToPresetParam() const = 0;
-    virtual int getNoParamId() const { return kNoParam; }
 
     /** The routing code in force for a channel count, -1 meaning the processor's own. A code that is not valid for the
         count is replaced. */
@@ -380,6 +316,7 @@ protected:
 
 private:
     friend class OxJuceABUndoableAction;
+    friend class OxJucePresetNavUndoableAction;
 
     enum class Group
     {
@@ -404,6 +341,8 @@ private:
     void loadRoot (const juce::XmlElement& root);
     void loadProgram (int index, const juce::XmlElement& xml, bool tellsHooks);
     void stepPreset (bool forward);
+    void goToPreset (const juce::String& folder, const juce::String& file);
+    bool writesAreConsequences() const;
     OxParamSet copyCurrentProgram();
     void setSides (const OxParamSet& live, const OxParamSet& alternate);
     void tellGestureBegin (int id);
@@ -437,6 +376,7 @@ private:
     static std::atomic<bool> newerVersionWarned;
 
     juce::CriticalSection gestureLock, linkedGestureLock, undoLock;
+    bool replaysStep = false;               // an undo or redo loads a preset; guarded by undoLock
     juce::Array<int> gestureParams;         // held by a user now
     juce::Array<int> linkedGestureParams;   // moved as a consequence meanwhile
 

@@ -9,8 +9,8 @@ namespace
 {
 
 /** The id behind a role, asked of the product once in the life of the process: roles are constants. */
-template <int (OxJuceProcessorBase::*accessor)() const>
-int roleId (const OxJuceProcessorBase& product)
+template <int (OxJuceProcessorHooks::*accessor)() const>
+int roleId (const OxJuceProcessorHooks& product)
 {
     constexpr int unasked = -1;
     static Relaxed<int> cached = unasked;
@@ -21,7 +21,7 @@ int roleId (const OxJuceProcessorBase& product)
     return cached;
 }
 
-using Base = OxJuceProcessorBase;
+using Hooks = OxJuceProcessorHooks;
 
 /** A command parameter acts on a press, which is exactly 1. */
 bool isPress (float value)
@@ -136,10 +136,10 @@ void OxJuceProcessorBase::afterParamChange (int id)
 {
     const auto& record = parameter (id);
 
-    if (id == roleId<&Base::getRoutingParam> (*this) && record.editedByGui)
+    if (id == roleId<&Hooks::getRoutingParam> (*this) && record.editedByGui)
         copyRoutingToDefault (record.value);
 
-    if (id == roleId<&Base::getResetToPresetParam> (*this) && record.value != 0.0f)
+    if (id == roleId<&Hooks::getResetToPresetParam> (*this) && record.value != 0.0f)
         applyParamSet (resetParams, false);
 
     parameterChanged (id);
@@ -150,37 +150,37 @@ void OxJuceProcessorBase::copyRoutingToDefault (float value)
     const auto numChannels = getMaxNumChannels();
 
     if (numChannels <= 6)
-        setParamDirect (roleId<&Base::getRoutingDefaultParam> (*this), value, false);
+        setParamDirect (roleId<&Hooks::getRoutingDefaultParam> (*this), value, false);
     else if (numChannels == 8)
-        setParamDirect (roleId<&Base::getRoutingDefault71Param> (*this), value, false);
+        setParamDirect (roleId<&Hooks::getRoutingDefault71Param> (*this), value, false);
     else if (numChannels == 10)
-        setParamDirect (roleId<&Base::getRoutingDefault712Param> (*this), value, false);
+        setParamDirect (roleId<&Hooks::getRoutingDefault712Param> (*this), value, false);
 }
 
 void OxJuceProcessorBase::setParamUndoable (int id, float value, bool notifyHost)
 {
     beginGesture (id);
 
-    if (id == roleId<&Base::getUndoParam> (*this) || id == roleId<&Base::getRedoParam> (*this))
+    if (id == roleId<&Hooks::getUndoParam> (*this) || id == roleId<&Hooks::getRedoParam> (*this))
     {
         if (! isPress (value))
             return;
 
         const juce::ScopedLock lock (undoLock);
-        const auto undoes = id == roleId<&Base::getUndoParam> (*this);
+        const auto undoes = id == roleId<&Hooks::getUndoParam> (*this);
         undoes ? juce::UndoManager::undo() : juce::UndoManager::redo();
         guiUpdatePending = true;
         return;
     }
 
-    if (id == roleId<&Base::getAbParam> (*this))
+    if (id == roleId<&Hooks::getAbParam> (*this))
         return toggleAlternate (value);
 
-    if (id == roleId<&Base::getAtoBParam> (*this))
+    if (id == roleId<&Hooks::getAtoBParam> (*this))
         return isPress (value) ? copyToAlternate (value) : void();
 
-    if (id == roleId<&Base::getPresetPrevParam> (*this) || id == roleId<&Base::getPresetNextParam> (*this))
-        return isPress (value) ? stepPreset (id == roleId<&Base::getPresetNextParam> (*this)) : void();
+    if (id == roleId<&Hooks::getPresetPrevParam> (*this) || id == roleId<&Hooks::getPresetNextParam> (*this))
+        return isPress (value) ? stepPreset (id == roleId<&Hooks::getPresetNextParam> (*this)) : void();
 
     const float old = parameter (id).value;
 
@@ -203,7 +203,7 @@ void OxJuceProcessorBase::applyParamSet (const OxParamSet& set, bool keepExclude
 {
     for (int id = 0; id < numParams; ++id)
     {
-        if (id == roleId<&Base::getAbParam> (*this) || id == getNoParamId())
+        if (id == roleId<&Hooks::getAbParam> (*this) || id == getNoParamId())
             continue;
 
         if (! keepExcluded || ! isParamExcludedFromPresets (id))

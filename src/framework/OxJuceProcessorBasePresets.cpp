@@ -124,7 +124,7 @@ void OxJuceProcessorBase::loadPresetPlace (const juce::XmlElement& xml)
     if ((folder.isEmpty() || file.isEmpty()) && file != OxJucePresetFolders::kDefaultName)
         return;
 
-    presetState.init (this, folder, file);
+    presetState.setPlace (folder, file);
     reloadPreset();
     changeProgramName (getCurrentProgram(), file);
     updateHostDisplay();
@@ -144,10 +144,37 @@ void OxJuceProcessorBase::stepPreset (bool forward)
         return;
     }
 
+    const juce::ScopedLock lock (undoLock);
+
+    if (writesAreConsequences())
+        return;   // the step would be dropped, and the current preset must not move without it
+
     const OxJucePresetFolders folders (*this);
     const auto folder = presetState.getFolder(), file = presetState.getName();
     presetState = forward ? folders.findNextPreset (folder, file) : folders.findPreviousPreset (folder, file);
     performUndoable (new Step (this, mode, folder, file, presetState.getFolder(), presetState.getName()));
+}
+
+void OxJuceProcessorBase::goToPreset (const juce::String& folder, const juce::String& file)
+{
+    if (! isPerformingUndoRedo())
+    {
+        loadPreset (folder, file);
+        return;
+    }
+
+    // What the step changed stands beside it in the history, and so does what a user had changed before it. The preset is
+    // loaded all the same, so that a reset returns to it, and then the history's values are put back.
+    const auto live = copyCurrentProgram();
+    {
+        const juce::ScopedValueSetter<bool> replaying (replaysStep, true);
+        loadPreset (folder, file);
+    }
+
+    for (int id = 0; id < numParams; ++id)
+        if (const float value = live.params[static_cast<std::size_t> (id)].value;
+            isParamUndoable (id) && parameter (id).value != value)
+            setParamDirect (id, value, true);
 }
 
 // Stored defaults -----------------------------------------------------------------------------------------------------
@@ -184,7 +211,7 @@ bool OxJuceProcessorBase::loadDefault()
     {
         changeProgramName (getCurrentProgram(), file);
         updateHostDisplay();
-        presetState.init (this, readSettingText (kDefaultFolderKey), file);
+        presetState.setPlace (readSettingText (kDefaultFolderKey), file);
     }
 
     numUserPrograms = 1;

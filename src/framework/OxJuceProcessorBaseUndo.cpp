@@ -9,8 +9,16 @@ bool OxJuceProcessorBase::performUndoable (juce::UndoableAction* action)
 {
     std::unique_ptr<juce::UndoableAction> owned (action);
     const juce::ScopedLock lock (undoLock);
-    const auto isConsequence = isPerformingUndoRedo() || loadingHere == this;
-    return ! isConsequence && juce::UndoManager::perform (owned.release());
+
+    if (replaysStep)
+        return owned->perform();
+
+    return ! writesAreConsequences() && juce::UndoManager::perform (owned.release());
+}
+
+bool OxJuceProcessorBase::writesAreConsequences() const
+{
+    return isPerformingUndoRedo() || loadingHere == this;
 }
 
 void OxJuceProcessorBase::beginNewTransaction (const juce::String& name)

@@ -14,7 +14,7 @@ namespace
 
 const juce::File fixture (DUO_FIXTURES "/preset-1.1.2.oxp");
 
-juce::File at (const char* path)
+juce::File at (const juce::String& path)
 {
     return platform::getUserApplicationDataFolder().getChildFile ("ORVEX Audio/Presets/DuoJudge_1").getChildFile (path);
 }
@@ -31,7 +31,11 @@ struct PresetRig : Rig
     {
         block = juce::MemoryBlock (data, size_t (size)).toString().trim();
     }
-    void convertParamMap (int from) override { converted << from << " "; }
+    void convertParamMap (int from) override
+    {
+        converted << from << " ";
+        setParamUndoable (Test, 1.0f - getParameter (Test), true);   // twice would be none
+    }
 
     bool save (const juce::String& folder, const juce::String& name, float resume)
     {
@@ -40,6 +44,11 @@ struct PresetRig : Rig
         return ! preset.save() && preset.capture() && preset.save();
     }
     juce::String place() { return getPresetState().getName() + " " + juce::String (getParameter (Resume)); }
+    juce::MemoryBlock moment()
+    {
+        juce::MemoryBlock state;
+        return saveXmlState (state), state;
+    }
     juce::String step (int param) { return setParamUndoable (param, 1.0f, true), place(); }
     juce::String block, converted;
 };
@@ -113,6 +122,15 @@ TEST (PresetTest, AnOddFileLoadsAsFarAsItGoesAndASaveThatFailsLeavesItThere)
                  rig->getParameter (Resume) == 0.0f);
     EXPECT_TRUE (rig->converted == "0 " && rig->getPresetState().getFileVersion() == 1);
     EXPECT_TRUE (rig->getPresetState().getSavedValue (Resume) == -1.0f && rig->save ("User", longest, 1.0f));
+
+    // A block that no load would give back does not replace one that is kept; what is no XML is none.
+    for (const auto& [block, keeps] : { std::pair ("<A b='1'/>", true), { "<A>text</A>", false }, { "text", true } })
+    {
+        const auto before = file.loadFileAsString();
+        rig->block = block;
+        EXPECT_TRUE (rig->save ("User", longest, 0.5f) == keeps && rig->loadPreset ("User", longest)) << block;
+        EXPECT_EQ (file.loadFileAsString() != before, keeps) << block;
+    }
     EXPECT_EQ (at ("User").getNumberOfChildFiles (juce::File::findFilesAndDirectories), 1);
 }
 
@@ -141,6 +159,51 @@ TEST (NavigationTest, FilesAreWalkedRoundBothEndsAndUndoneInOneStep)
         rig->previousPreset(), rig->nextPreset();
         EXPECT_EQ (rig->place(), after);
     }
+}
+
+TEST (NavigationTest, WhatIsListedLoadsHoweverItIsWrittenAndNothingLeavesTheRoot)
+{
+    auto rig = make();
+    const OxJucePresetFolders folders (*rig);
+
+    for (const auto* const written :
+         { "My %28soft%29/A%2FB.oxp", "My %28soft%29/A&2FB.oxp", "Caf\xc3\xa9/\xc3\xa9z.OXP" })
+    {
+        const auto file = at (juce::CharPointer_UTF8 (written));
+        EXPECT_TRUE (file.create().wasOk() && fixture.copyFileTo (file)) << written;
+    }
+    for (const auto& folder : folders.listPresetFolders())
+    {
+        EXPECT_TRUE (rig->save (folder, "b", 1.0f));
+        const auto files = folders.listPresetFiles (folder);
+        EXPECT_TRUE (files.size() == 2 && rig->loadPreset (folder, files[0]) && rig->loadPreset (folder, files[1]));
+        rig->nextPreset();
+        EXPECT_EQ (rig->getPresetState().getEncodedName(), encodePresetName (files[0]));
+    }
+    for (const auto* const out : { "..", ".", "\xc3\xa9.." })
+    {
+        const juce::String folder (juce::CharPointer_UTF8 { out });
+        EXPECT_FALSE (folders.createPresetFolder (folder) || rig->save (folder, "x", 1.0f)) << out;
+        EXPECT_TRUE (! rig->loadPreset (folder, "x") && folders.listPresetFiles (folder).isEmpty()) << out;
+    }
+}
+
+TEST (NavigationTest, AnUndoneStepBringsBackWhatWasEditedAndAResetThePreset)
+{
+    auto rig = make();
+    EXPECT_TRUE (rig->save ("User", "a", 0.25f));
+    rig->setParamDirect (ToggleXY, 1.0f, false), rig->setParamDirect (Reveal, 1.0f, false);
+    EXPECT_TRUE (rig->save ("User", "b", 0.5f));
+    const auto old = at ("User/b.oxp").loadFileAsString().replace ("FileVersion=\"1\"", "FileVersion=\"0\"");
+    EXPECT_TRUE (at ("User/b.oxp").replaceWithText (old) && rig->loadPreset ("User", "a"));
+    rig->setParamDirect (Reveal, 1.0f, false), rig->setParamDirect (Resume, 0.375f, false);
+    rig->beginNewTransaction();
+    const auto before = rig->moment(), after = (rig->step (PresetNext), rig->moment());
+
+    for (const auto& [param, expected] : { std::pair (Undo, before), { Redo, after }, { Undo, before } })
+        EXPECT_TRUE ((rig->step (param), rig->moment()) == expected) << param;
+
+    EXPECT_TRUE (rig->step (ResetToPreset) == "a 0.25" && rig->converted == "0 0 ");
 }
 
 TEST (NavigationTest, ProgramsAreWalkedRoundBothEndsAndUndone)

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "framework/OxParamRecord.h"
+
+#include <juce_audio_basics/juce_audio_basics.h>
+
+/** What a product tells the framework about itself, and what it does where the framework lets it: the keys and properties of
+    its parameters, its audio, what it adds to a saved state, and which of its parameters has which duty.
+
+    The framework's processor calls all of these and gives none of them a body; what has no default here every product
+    gives. An answer about a parameter must not change while a product lives. */
+class OxJuceProcessorHooks
+{
+public:
+    virtual ~OxJuceProcessorHooks() = default;
+
+    /** Called by the product's constructor and destructor. */
+    virtual void initialiseProduct() {}
+    virtual void shutdownProduct() {}
+
+    // Parameters [any thread] -----------------------------------------------------------------------------------------
+
+    /** @returns whether an adapter publishes the parameter to the host. */
+    virtual bool isParameterHostVisible (int) const { return true; }
+
+    /** The stable text key of a parameter, in saved XML and in the settings. */
+    virtual juce::String getParamKey (int id) = 0;
+    virtual int getParamIdForKey (const juce::String& key) = 0;
+
+    /** @returns whether the recall of a preset leaves the parameter alone. */
+    virtual bool isParamExcludedFromPresets (int id) = 0;
+    virtual bool isParamShownOnChange (int id) = 0;
+    virtual bool isParamUndoable (int id) = 0;
+
+    /** @returns whether a change of the parameter makes the preset a modified one. */
+    virtual bool isParamCompared (int) { return true; }
+
+    /** Called after every write of every group, on the thread that wrote. */
+    virtual void parameterChanged (int id) = 0;
+
+    /** The versions of the meaning of the normal and of the persistent parameters, and a step of conversion from an older
+        one [message thread]. */
+    virtual int getParamMapVersion() { return 1; }
+    virtual int getPersistentParamMapVersion() { return 1; }
+    virtual void convertParamMap (int) {}
+    virtual void convertPersistentParamMap (int) {}
+
+    // Audio -----------------------------------------------------------------------------------------------------------
+
+    /** The product's audio [audio thread]: `block` is changed in place. */
+    virtual void processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) = 0;
+    virtual void prepareAudio (double, int) {}
+
+    virtual void finishOfflineRender() {}
+    virtual void finishOfflineAnalysis() {}
+    virtual void renderOffline (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) { processAudio (block, midi); }
+    virtual void analyseOffline (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) { processAudio (block, midi); }
+
+    /** Recomputes what audio needs from the parameters, after one of them has changed [message thread, or that of an
+        offline pass].
+        @returns false to be called again at the next tick */
+    virtual bool updateFromParams() { return true; }
+
+    /** Runs every 50 ms on the message thread, and for every chunk of an offline pass. */
+    virtual void timerTick() {}
+
+    // Saved state and presets [the thread that saves or loads] ----------------------------------------------------------
+
+    virtual void getExtraStateBlock (juce::MemoryBlock&) {}
+    virtual void setExtraStateBlock (const void*, int) {}
+    virtual void writeExtraState (juce::XmlElement&) {}
+    virtual void readExtraState (const juce::XmlElement&) {}
+
+    /** The full path to use in place of `path`, a root of preset folders. */
+    virtual juce::String adjustPresetFolder (const juce::String& path) { return path; }
+
+    // Private commands [any thread of the host] -------------------------------------------------------------------------
+
+    virtual void handleVendorPointer (void*) {}
+    virtual bool handleVendorArguments (const juce::StringArray&) { return true; }
+
+    // Roles: the product's constant id behind each duty of the framework ------------------------------------------------
+
+    virtual int getMenuParam() const = 0;
+    virtual int getUndoParam() const = 0;
+    virtual int getRedoParam() const = 0;
+    virtual int getAbParam() const = 0;
+    virtual int getAtoBParam() const = 0;
+    virtual int getPresetNextParam() const = 0;
+    virtual int getPresetPrevParam() const = 0;
+    virtual int getProfilingParam() const = 0;
+    virtual int getExportSupportParam() const = 0;
+    virtual int getRoutingParam() const = 0;
+    virtual int getRoutingDefaultParam() const = 0;
+    virtual int getRoutingDefault71Param() const = 0;
+    virtual int getRoutingDefault712Param() const = 0;
+    virtual int getFramerateParam() const = 0;
+    virtual int getFramerateDefaultParam() const = 0;
+    virtual int getParamMapVersionParam() const = 0;
+    virtual int getPersistentParamMapVersionParam() const = 0;
+    virtual int getResetToPresetParam() const = 0;
+    virtual int getNoParamId() const { return kNoParam; }
+};
