@@ -11,103 +11,69 @@ OxJuceOglGridComponent::OxJuceOglGridComponent (const juce::String& gridName) : 
 
 bool OxJuceOglGridComponent::insertRow (int index)
 {
-    const juce::ScopedLock scope (gridLock);
+    const Change change (*this);
     return OxJuceGridComponent::insertRow (index);
 }
 
 bool OxJuceOglGridComponent::insertColumn (int index)
 {
-    const juce::ScopedLock scope (gridLock);
+    const Change change (*this);
     return OxJuceGridComponent::insertColumn (index);
 }
 
 bool OxJuceOglGridComponent::removeRow (int index)
 {
-    const juce::ScopedLock scope (gridLock);
+    const Change change (*this);
     return OxJuceGridComponent::removeRow (index);
 }
 
 bool OxJuceOglGridComponent::removeColumn (int index)
 {
-    const juce::ScopedLock scope (gridLock);
+    const Change change (*this);
     return OxJuceGridComponent::removeColumn (index);
 }
 
-// A component leaves another parent before the lock is taken: that parent may be drawing, and its drawing may come to this
-// grid and wait for the lock.
-
 bool OxJuceOglGridComponent::setCellComponent (int column, int row, juce::Component* component)
 {
-    if (! hasCell (column, row) || ! accepts (component))
-        return false;
-
-    if (component != nullptr && component->getParentComponent() != this && getCellComponent (column, row) != component)
-        takeFromParent (component);
-
-    {
-        const juce::ScopedLock scope (gridLock);
-
-        if (! OxJuceGridComponent::setCellComponent (column, row, component))
-            return false;
-    }
-
-    giveEditor (component);
-    return true;
+    const Change change (*this);
+    return OxJuceGridComponent::setCellComponent (column, row, component) && giveEditor (component);
 }
 
 bool OxJuceOglGridComponent::setCellExtraComponent (int column, int row, juce::Component* component, bool owned,
                                                     bool visible)
 {
-    if (! hasCell (column, row) || ! accepts (component))
-        return false;
-
-    takeFromParent (component);
-
-    {
-        const juce::ScopedLock scope (gridLock);
-
-        if (! OxJuceGridComponent::setCellExtraComponent (column, row, component, owned, visible))
-            return false;
-    }
-
-    giveEditor (component);
-    return true;
+    const Change change (*this);
+    return OxJuceGridComponent::setCellExtraComponent (column, row, component, owned, visible) &&
+           giveEditor (component);
 }
 
 void OxJuceOglGridComponent::setBackgroundComponent (juce::Component* component, bool owned, bool visible)
 {
-    if (! accepts (component))
-        return;
-
-    takeFromParent (component);
-
-    {
-        const juce::ScopedLock scope (gridLock);
-        OxJuceGridComponent::setBackgroundComponent (component, owned, visible);
-    }
-
-    giveEditor (component);
+    const Change change (*this);
+    OxJuceGridComponent::setBackgroundComponent (component, owned, visible);
+    giveEditor (backgroundComponent);
 }
 
 bool OxJuceOglGridComponent::setCellSpan (int column, int row, int columns, int rows)
 {
-    const juce::ScopedLock scope (gridLock);
+    const Change change (*this);
     return OxJuceGridComponent::setCellSpan (column, row, columns, rows);
 }
 
 bool OxJuceOglGridComponent::resetCellSpans (int column, int row, int columns, int rows)
 {
-    const juce::ScopedLock scope (gridLock);
+    const Change change (*this);
     return OxJuceGridComponent::resetCellSpans (column, row, columns, rows);
 }
 
-/** Without the lock, since the component may wait for its own drawing. */
-void OxJuceOglGridComponent::giveEditor (juce::Component* component)
+bool OxJuceOglGridComponent::giveEditor (juce::Component* component)
 {
     auto* const element = dynamic_cast<OxOglChildComponent*> (component);
 
     if (element != nullptr && editor.get() != nullptr)
         element->setOglComponent (editor);
+
+    return true;
 }
 
 void OxJuceOglGridComponent::draw (int elapsedMs)
@@ -140,10 +106,7 @@ void OxJuceOglGridComponent::drawBehind (juce::Component& component, bool withCh
     glTranslatef (position.x, position.y, 0.0f);
 
     if (element != nullptr)
-    {
-        const ScopedDrawing drawingElement (*element);
         element->draw (elapsedMs);
-    }
 
     if (withChildren)
         for (auto* const child : component.getChildren())
