@@ -22,7 +22,9 @@ public:
     ModalTextEditor();
     ~ModalTextEditor() override;
 
-    /** The looks of the next edit. @param area on the desktop. @param fontHeight pixels */
+    /** The looks of the next edit; its indents are set before.
+        @param area on the desktop
+        @param fontHeight pixels, of which no more is taken than there is room for */
     void setLook (juce::Rectangle<int> area, juce::Colour text, juce::Colour background, float fontHeight);
 
     /** Arms an edit; its window comes up a moment later, when the mouse event that asked for it is over. An edit that is open
