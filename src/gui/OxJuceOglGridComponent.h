@@ -6,7 +6,7 @@
 
 /** A grid on the surface: draws its background, then the extra components, then, as children, the main ones.
 
-    What changes the structure excludes the drawing for its whole length; a component that it has taken out may be deleted at
+    What changes the structure holds back the frames for its whole length; a component that it has taken out may be deleted at
     once. A layout that a resize starts only writes bounds, and runs beside the drawing. A component that becomes part of the
     grid gets the grid's editor if the grid has one. What stands below the background stays there while it is drawn. */
 class OxJuceOglGridComponent : public OxOglChildComponent, public OxJuceGridComponent
@@ -33,5 +33,4 @@ private:
     void giveEditor (juce::Component* component);
     void drawBehind (juce::Component& component, bool withChildren, int elapsedMs);
 
-    juce::CriticalSection gridLock;   // cells and background: changed by the message thread, read by the render thread
 };
