@@ -32,5 +32,4 @@ public:
 private:
     void giveEditor (juce::Component* component);
     void drawBehind (juce::Component& component, bool withChildren, int elapsedMs);
-
 };
