@@ -131,10 +131,11 @@ void ModalTextEditor::leave()
 void ModalTextEditor::focusLost (FocusChangeType cause)
 {
     const SafePointer<ModalTextEditor> self (this);
-    stopTimer();
 
     if (juce::Time::getMillisecondCounter() - startTime >= kSettlingTime)
         finish();
+    else
+        hadKeyboard = false;   // to be lost, it must come back first
 
     if (self != nullptr)
         juce::TextEditor::focusLost (cause);
@@ -215,11 +216,6 @@ void ModalTextEditor::componentParentHierarchyChanged (juce::Component&)
     // At once: a host that takes the view away may delete it next.
     if (control != nullptr && ! control->isShowing())
         finish();
-}
-
-void ModalTextEditor::componentVisibilityChanged (juce::Component&)
-{
-    startTimer (kTick);
 }
 
 bool ModalTextEditor::hasKeyboard() const

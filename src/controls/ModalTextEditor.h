@@ -50,7 +50,6 @@ private:
 
     // juce::ComponentListener, of the control
     void componentParentHierarchyChanged (juce::Component&) override;
-    void componentVisibilityChanged (juce::Component&) override;
 
     void showWindow();
     void leave();
@@ -62,7 +61,7 @@ private:
     juce::uint32 startTime = 0;                              // milliseconds, when the edit was armed
     ModalTextEditorUser* user = nullptr;                     // who receives the text, null while no edit is open
     juce::Component::SafePointer<juce::Component> control;   // the user, as the window sees it
-    bool hadKeyboard = false;                                // at any time in this edit
+    bool hadKeyboard = false;                                // at the last tick
     bool returnsKeyboard = false;                            // the control's window had it before
     int numEdits = 0;
     juce::String startText;
