@@ -11,6 +11,8 @@ OxDrawnChildren::~OxDrawnChildren()
 
 void OxDrawnChildren::update (const juce::Component& parent)
 {
+    const OxOglComponentUser::ScopedChange change (owner);
+
     for (auto* const child : children)
         child->drawnIn = nullptr;
 
@@ -28,6 +30,7 @@ void OxDrawnChildren::update (const juce::Component& parent)
 
 void OxDrawnChildren::remove (OxOglChildComponent& child)
 {
+    const OxOglComponentUser::ScopedChange change (owner);
     children.erase (std::remove (children.begin(), children.end(), &child), children.end());
     child.drawnIn = nullptr;
 }

@@ -6,16 +6,18 @@
 #include <juce_gui_basics/juce_gui_basics.h>
 
 class OxOglChildComponent;
+class OxOglComponentUser;
 
 /** The children of a component that are drawn, back to front: the message thread changes the component's own list, the
     render thread walks this one.
 
-    The owner replaces it while no frame is being drawn, so a child that has left its parent is no longer drawn. Therefore:
+    It changes only while no frame is being drawn, so a child that has left its parent is no longer drawn. Therefore:
     take a child from its parent before its destructor begins, unless rendering has stopped. */
 class OxDrawnChildren
 {
 public:
-    OxDrawnChildren() = default;
+    /** @param parentOfAll whose children these are; must outlive this object */
+    explicit OxDrawnChildren (OxOglComponentUser& parentOfAll) : owner (parentOfAll) {}
     ~OxDrawnChildren();
 
     /** Takes the list anew [message thread, from `childrenChanged`]. */
@@ -34,5 +36,6 @@ public:
     OxDrawnChildren& operator= (const OxDrawnChildren&) = delete;
 
 private:
+    OxOglComponentUser& owner;
     std::vector<OxOglChildComponent*> children;   // not owned; each knows this list
 };

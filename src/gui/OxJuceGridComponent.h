@@ -132,7 +132,15 @@ protected:
 
     void componentMovedOrResized (juce::Component& component, bool wasMoved, bool wasResized) override;
 
+    /** One step of all moves [render thread, while no cell changes]. The bounds reach the components as messages. */
+    void advanceMoves();
+
+    std::vector<std::vector<Cell>> cells;   // by row
+    ComponentPointer backgroundComponent;
+
+private:
     bool hasCell (int column, int row) const noexcept;
+    bool hasArea (int column, int row, int columns, int rows) const noexcept;
 
     /** @returns whether the component may stand in the grid: not if it is the grid or holds it */
     bool accepts (const juce::Component* component) const;
@@ -143,14 +151,6 @@ protected:
     /** Takes the component out of its parent, and out of its cell if that is a grid. */
     static void takeFromParent (juce::Component* component);
 
-    /** One step of all moves [render thread, while no cell changes]. The bounds reach the components as messages. */
-    void advanceMoves();
-
-    std::vector<std::vector<Cell>> cells;   // by row
-    ComponentPointer backgroundComponent;
-
-private:
-    bool hasArea (int column, int row, int columns, int rows) const noexcept;
     void changed();
     template <typename Value>
     void store (Value& setting, Value value);

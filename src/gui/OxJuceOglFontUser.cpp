@@ -18,14 +18,13 @@ juce::Colour OxJuceOglFontUser::getTextColour() const
 void OxJuceOglFontUser::setFont (OxJuceOglFont* fontToUse)
 {
     const juce::ScopedLock lock (fontLock);
-    font = fontToUse;
+    chosenFont = fontToUse;
 }
 
-OxJuceOglFont* OxJuceOglFontUser::getFont()
+OxJuceOglFont* OxJuceOglFontUser::getFont() const
 {
     const juce::ScopedLock lock (fontLock);
-    resolveFont();
-    return font;
+    return resolveFont();
 }
 
 void OxJuceOglFontUser::setJustification (TextJustification newJustification)
@@ -58,19 +57,18 @@ void OxJuceOglFontUser::drawText (juce::Rectangle<int> box, const juce::String& 
     drawLocked (box, text, colour);
 }
 
-void OxJuceOglFontUser::resolveFont()
+OxJuceOglFont* OxJuceOglFontUser::resolveFont() const
 {
-    if (font == nullptr && surface != nullptr)
-        font = surface.get()->getFont (14);
+    return chosenFont != nullptr || surface == nullptr ? chosenFont : surface.get()->getFont (14);
 }
 
 void OxJuceOglFontUser::drawLocked (juce::Rectangle<int> box, const juce::String& text, juce::Colour colour)
 {
-    resolveFont();
+    auto* const inUse = resolveFont();
 
-    if (font == nullptr || surface == nullptr || text.isEmpty())
+    if (inUse == nullptr || surface == nullptr || text.isEmpty())
         return;
 
     surface.get()->glState.pending.colour = colour;
-    font->draw (box, text, justification, widthReference);
+    inUse->draw (box, text, justification, widthReference);
 }

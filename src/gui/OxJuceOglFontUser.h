@@ -15,7 +15,7 @@ public:
     void setFont (OxJuceOglFont* fontToUse);
 
     /** The font in use, null without a surface. */
-    OxJuceOglFont* getFont();
+    OxJuceOglFont* getFont() const;
 
     void setJustification (TextJustification newJustification);
     TextJustification getJustification() const;
@@ -28,12 +28,12 @@ public:
     void drawText (juce::Rectangle<int> box, const juce::String& text, juce::Colour colour);
 
 private:
-    void resolveFont();
+    OxJuceOglFont* resolveFont() const;
     void drawLocked (juce::Rectangle<int> box, const juce::String& text, juce::Colour colour);
 
     juce::Colour textColour = juce::Colours::white;
-    OxJuceOglFont* font = nullptr;    // what the control has chosen, or the 14-point font from the first use on
-    juce::CriticalSection fontLock;   // guards everything here
+    OxJuceOglFont* chosenFont = nullptr;   // null for the surface's 14-point font
+    juce::CriticalSection fontLock;        // guards everything here
     TextJustification justification = TextJustification::centre;
     juce::String widthReference;
 };

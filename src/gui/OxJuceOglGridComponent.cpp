@@ -11,45 +11,34 @@ OxJuceOglGridComponent::OxJuceOglGridComponent (const juce::String& gridName) : 
 
 bool OxJuceOglGridComponent::insertRow (int index)
 {
-    const juce::ScopedLock scope (gridLock);
+    const ScopedChange change (*this);
     return OxJuceGridComponent::insertRow (index);
 }
 
 bool OxJuceOglGridComponent::insertColumn (int index)
 {
-    const juce::ScopedLock scope (gridLock);
+    const ScopedChange change (*this);
     return OxJuceGridComponent::insertColumn (index);
 }
 
 bool OxJuceOglGridComponent::removeRow (int index)
 {
-    const juce::ScopedLock scope (gridLock);
+    const ScopedChange change (*this);
     return OxJuceGridComponent::removeRow (index);
 }
 
 bool OxJuceOglGridComponent::removeColumn (int index)
 {
-    const juce::ScopedLock scope (gridLock);
+    const ScopedChange change (*this);
     return OxJuceGridComponent::removeColumn (index);
 }
 
-// A component leaves another parent before the lock is taken: that parent may be drawing, and its drawing may come to this
-// grid and wait for the lock.
-
 bool OxJuceOglGridComponent::setCellComponent (int column, int row, juce::Component* component)
 {
-    if (! hasCell (column, row) || ! accepts (component))
+    const ScopedChange change (*this);
+
+    if (! OxJuceGridComponent::setCellComponent (column, row, component))
         return false;
-
-    if (component != nullptr && component->getParentComponent() != this && getCellComponent (column, row) != component)
-        takeFromParent (component);
-
-    {
-        const juce::ScopedLock scope (gridLock);
-
-        if (! OxJuceGridComponent::setCellComponent (column, row, component))
-            return false;
-    }
 
     giveEditor (component);
     return true;
@@ -58,17 +47,10 @@ bool OxJuceOglGridComponent::setCellComponent (int column, int row, juce::Compon
 bool OxJuceOglGridComponent::setCellExtraComponent (int column, int row, juce::Component* component, bool owned,
                                                     bool visible)
 {
-    if (! hasCell (column, row) || ! accepts (component))
+    const ScopedChange change (*this);
+
+    if (! OxJuceGridComponent::setCellExtraComponent (column, row, component, owned, visible))
         return false;
-
-    takeFromParent (component);
-
-    {
-        const juce::ScopedLock scope (gridLock);
-
-        if (! OxJuceGridComponent::setCellExtraComponent (column, row, component, owned, visible))
-            return false;
-    }
 
     giveEditor (component);
     return true;
@@ -76,32 +58,25 @@ bool OxJuceOglGridComponent::setCellExtraComponent (int column, int row, juce::C
 
 void OxJuceOglGridComponent::setBackgroundComponent (juce::Component* component, bool owned, bool visible)
 {
-    if (! accepts (component))
-        return;
+    const ScopedChange change (*this);
+    OxJuceGridComponent::setBackgroundComponent (component, owned, visible);
 
-    takeFromParent (component);
-
-    {
-        const juce::ScopedLock scope (gridLock);
-        OxJuceGridComponent::setBackgroundComponent (component, owned, visible);
-    }
-
-    giveEditor (component);
+    if (backgroundComponent == component)
+        giveEditor (component);
 }
 
 bool OxJuceOglGridComponent::setCellSpan (int column, int row, int columns, int rows)
 {
-    const juce::ScopedLock scope (gridLock);
+    const ScopedChange change (*this);
     return OxJuceGridComponent::setCellSpan (column, row, columns, rows);
 }
 
 bool OxJuceOglGridComponent::resetCellSpans (int column, int row, int columns, int rows)
 {
-    const juce::ScopedLock scope (gridLock);
+    const ScopedChange change (*this);
     return OxJuceGridComponent::resetCellSpans (column, row, columns, rows);
 }
 
-/** Without the lock, since the component may wait for its own drawing. */
 void OxJuceOglGridComponent::giveEditor (juce::Component* component)
 {
     auto* const element = dynamic_cast<OxOglChildComponent*> (component);
@@ -115,7 +90,6 @@ void OxJuceOglGridComponent::draw (int elapsedMs)
     if (surface.get() == nullptr)
         return;
 
-    const juce::ScopedLock scope (gridLock);
     advanceMoves();
 
     if (auto* const background = backgroundComponent.getComponent())
@@ -140,10 +114,7 @@ void OxJuceOglGridComponent::drawBehind (juce::Component& component, bool withCh
     glTranslatef (position.x, position.y, 0.0f);
 
     if (element != nullptr)
-    {
-        const ScopedDrawing drawingElement (*element);
         element->draw (elapsedMs);
-    }
 
     if (withChildren)
         for (auto* const child : component.getChildren())

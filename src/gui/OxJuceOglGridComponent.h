@@ -6,7 +6,7 @@
 
 /** A grid on the surface: draws its background, then the extra components, then, as children, the main ones.
 
-    What changes the structure excludes the drawing for its whole length; a component that it has taken out may be deleted at
+    What changes the structure holds back the frames for its whole length; a component that it has taken out may be deleted at
     once. A layout that a resize starts only writes bounds, and runs beside the drawing. A component that becomes part of the
     grid gets the grid's editor if the grid has one. What stands below the background stays there while it is drawn. */
 class OxJuceOglGridComponent : public OxOglChildComponent, public OxJuceGridComponent
@@ -30,8 +30,17 @@ public:
     const char* getTypeName() const override { return "OxJuceOglGridComponent"; }
 
 private:
-    void giveEditor (juce::Component* component);
-    void drawBehind (juce::Component& component, bool withChildren, int elapsedMs);
+    /** Holds back first the surface's frames, then the drawing of this grid: the order in which a frame comes to it. A
+        component that leaves another parent on the surface holds back the frames too, and must not be the first to. */
+    struct Change
+    {
+        explicit Change (const OxJuceOglGridComponent& grid) : scene (grid), cells (grid.gridLock) {}
 
-    juce::CriticalSection gridLock;   // cells and background: changed by the message thread, read by the render thread
+        const ScopedChange scene;
+        const juce::ScopedLock cells;
+    };
+
+    /** @returns true */
+    bool giveEditor (juce::Component* component);
+    void drawBehind (juce::Component& component, bool withChildren, int elapsedMs);
 };

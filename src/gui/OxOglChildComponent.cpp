@@ -42,7 +42,6 @@ void OxOglChildComponent::renderAll (int elapsedMs)
 
 void OxOglChildComponent::childrenChanged()
 {
-    const ScopedChange change (*this);
     drawnChildren.update (*this);
 }
 
@@ -61,9 +60,6 @@ void OxOglChildComponent::enablementChanged()
 
 void OxOglChildComponent::leaveParent()
 {
-    if (drawnIn == nullptr)
-        return;
-
-    const ScopedChange change (*this);
-    drawnIn->remove (*this);
+    if (drawnIn != nullptr)
+        drawnIn->remove (*this);
 }

@@ -41,7 +41,7 @@ private:
     void leaveParent();
 
     OxDrawnState drawnState { *this };
-    OxDrawnChildren drawnChildren;
+    OxDrawnChildren drawnChildren { *this };
     OxDrawnChildren* drawnIn = nullptr;   // the list this stands in [message thread]
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (OxOglChildComponent)

@@ -2,6 +2,7 @@
 #include "gui/OxOglComponent.h"
 
 #include "gui/OxJuceEditorBase.h"
+#include "platform/VerticalSync.h"
 
 using namespace juce::gl;
 
@@ -38,11 +39,23 @@ void OxOglComponent::stopRenderThread()
     context.detach();
 }
 
-OxJuceOglFont* OxOglComponent::getFont (int size) const noexcept
+void OxOglComponent::enableRendering()
+{
+    const ScopedChange change (scene);   // with all that the editor has built so far
+    renderEnabled = true;
+}
+
+void OxOglComponent::setBackgroundTexture (OxOglComponentTexture* texture)
+{
+    const ScopedChange change (scene);
+    backgroundTexture = texture;
+}
+
+OxJuceOglFont* OxOglComponent::getFont (int size) noexcept
 {
     const auto find = [] (int wanted) { return std::find (kFontSizes.begin(), kFontSizes.end(), wanted); };
     const auto found = find (size) != kFontSizes.end() ? find (size) : find (kDefaultFontSize);
-    return fonts[static_cast<std::size_t> (found - kFontSizes.begin())].get();
+    return &fonts[static_cast<std::size_t> (found - kFontSizes.begin())];
 }
 
 bool OxOglComponent::isContextCurrent() const noexcept
@@ -53,18 +66,14 @@ bool OxOglComponent::isContextCurrent() const noexcept
 void OxOglComponent::setOglComponent (OxJuceEditorBase* newEditor)
 {
     OxOglComponentUser::setOglComponent (newEditor);
-    const ScopedChange change (*this);
+    const ScopedChange change (scene);
 
     for (std::size_t index = 0; index < fonts.size(); ++index)
-    {
-        fonts[index] = std::make_unique<OxJuceOglFont>();
-        fonts[index]->load ("FONT_FontText" + juce::String (kFontSizes[index]) + "_png", newEditor);
-    }
+        fonts[index].load ("FONT_FontText" + juce::String (kFontSizes[index]) + "_png", newEditor);
 }
 
 void OxOglComponent::childrenChanged()
 {
-    const ScopedChange change (*this);
     drawnChildren.update (*this);
 }
 
@@ -102,21 +111,21 @@ void OxOglComponent::addTexture (OxOglComponentTexture& texture)
     if (std::find (textureList.begin(), textureList.end(), &texture) == textureList.end())
         textureList.push_back (&texture);
 
-    texture.isListed = true;
+    texture.listedIn = this;
 }
 
 void OxOglComponent::removeTexture (OxOglComponentTexture& texture)
 {
     const juce::ScopedLock lock (textureLock);
     textureList.erase (std::remove (textureList.begin(), textureList.end(), &texture), textureList.end());
-    texture.isListed = false;
+    texture.listedIn = nullptr;
 }
 
 // The context ---------------------------------------------------------------------------------------------------------
 
 void OxOglComponent::newOpenGLContextCreated()
 {
-    context.setSwapInterval (0);   // the pace is ours
+    platform::ignoreVerticalSync();   // the pace is ours
     setupViewport();
     glMatrixMode (GL_MODELVIEW);
     glLoadIdentity();
@@ -139,10 +148,7 @@ void OxOglComponent::openGLContextClosing()
     const juce::ScopedLock lock (textureLock);
 
     for (auto* const texture : textureList)
-    {
-        texture->deleteTexture();
-        texture->isListed = false;
-    }
+        texture->forgetContext();
 
     textureList.clear();
 }
@@ -150,7 +156,8 @@ void OxOglComponent::openGLContextClosing()
 void OxOglComponent::setupViewport()
 {
     const auto bounds = drawnState.getBounds();
-    glViewport (0, 0, bounds.getWidth(), bounds.getHeight());
+    const auto scale = context.getRenderingScale();
+    glViewport (0, 0, juce::roundToInt (scale * bounds.getWidth()), juce::roundToInt (scale * bounds.getHeight()));
     glMatrixMode (GL_PROJECTION);
     glLoadIdentity();
 
@@ -194,43 +201,40 @@ void OxOglComponent::renderOpenGL()
     waitForTurn();
     glClear (GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
 
-    if (! renderEnabled || editor == nullptr)
+    auto* const owner = editor.get();
+
+    if (! renderEnabled || owner == nullptr)
         return;
 
     const OxScopedReadWriteLock lock (renderLock, LockMode::read, false, __func__);
 
     if (lock.isGained())
-        drawFrame();
+        drawFrame (*owner);
 }
 
-void OxOglComponent::drawFrame()
+void OxOglComponent::drawFrame (OxJuceEditorBase& owner)
 {
-    auto& owner = *editor.get();
     const OxJuceProfilerItem::Scope profile (owner.getProfilerItem (OxJuceEditorBase::profilesRender));
     const auto now = juce::Time::getCurrentTime();
 
     if (owner.getTimerInterval() <= 0)
         owner.startGuiTimer();
 
-    if (viewportDirty)
-    {
-        viewportDirty = false;
+    if (viewportDirty.exchange (false))
         newOpenGLContextCreated();
-    }
 
+    const juce::ScopedLock lock (*scene);
     invalidateGlState();
     glLoadIdentity();
     owner.onPreRender();
 
-    const auto elapsedMs = static_cast<int> ((now - lastFrameTime).inSeconds() * 1000.0);
-    {
-        const juce::ScopedLock scene (sceneLock);
-        drawBackground (elapsedMs);
-        drawnChildren.renderAll (elapsedMs);
-    }
+    const auto elapsedMs = juce::jlimit (0.0, 1.0e9, (now - lastFrameTime).inSeconds() * 1000.0);
+    drawBackground (static_cast<int> (elapsedMs));
+    drawnChildren.renderAll (static_cast<int> (elapsedMs));
     resetGlState();
     glLoadIdentity();
     owner.drawOverlays();
+    resetGlState();   // the next clearing knows no scissor
     lastFrameTime = now;
 }
 

@@ -23,7 +23,7 @@ public:
     ~OxOglComponent() override;
 
     /** Lets frames be drawn, from now on for ever [message thread, when the editor is built]. */
-    void enableRendering() noexcept { renderEnabled = true; }
+    void enableRendering();
 
     /** Waits for the frame in progress and ends the drawing [message thread]. The most derived editor does it first thing in
         its destructor, before anything that is drawn goes. */
@@ -32,11 +32,13 @@ public:
     /** Has the context set up anew before the next frame, as after a resize [message thread]. */
     void setViewportDirty() noexcept { viewportDirty = true; }
 
+    const SceneLock& getSceneLock() const noexcept { return scene; }
+
     /** Draws this behind everything. @param texture not owned; null for none */
-    void setBackgroundTexture (OxOglComponentTexture* texture) noexcept { backgroundTexture = texture; }
+    void setBackgroundTexture (OxOglComponentTexture* texture);
 
     /** @param size 10, 11, 12, 14, 18, 20, 22, 24 or 28; any other gives the 14-point font */
-    OxJuceOglFont* getFont (int size) const noexcept;
+    OxJuceOglFont* getFont (int size) noexcept;
 
     /** @returns whether this thread may call OpenGL for this surface. */
     bool isContextCurrent() const noexcept;
@@ -55,8 +57,7 @@ public:
     void removeTexture (OxOglComponentTexture& texture);
 
     GlStateCache glState;
-    juce::CriticalSection sceneLock;   // held by a frame while it draws, and by whoever replaces what it reads
-    OxReadWriteLock renderLock;        // read by a frame and by `updateGui`, written by whoever tears down
+    OxReadWriteLock renderLock;   // read by a frame and by `updateGui`, written by whoever tears down
 
     // OxOglComponentUser: also loads the nine fonts anew [message thread]
     void setOglComponent (OxJuceEditorBase* newEditor) override;
@@ -76,20 +77,21 @@ protected:
 
 private:
     void waitForTurn();
-    void drawFrame();
+    void drawFrame (OxJuceEditorBase& owner);
 
     static constexpr std::array<int, 9> kFontSizes { 10, 11, 12, 14, 18, 20, 22, 24, 28 };
 
     OxDrawnState drawnState { *this };
-    OxDrawnChildren drawnChildren;
+    OxDrawnChildren drawnChildren { *this };
+    const SceneLock scene = std::make_shared<juce::CriticalSection>();
     Relaxed<OxOglComponentTexture*> backgroundTexture = nullptr;   // not owned
     juce::Time lastFrameTime { juce::Time::getCurrentTime() };
-    double turnStart = 0.0;         // milliseconds of the high-resolution counter [render thread]
-    juce::WaitableEvent turnsEnd;   // nobody waits for the next turn any more
+    double turnStart = 0.0;                  // milliseconds of the high-resolution counter [render thread]
+    juce::WaitableEvent turnsEnd { true };   // nobody waits for the next turn any more
     juce::CriticalSection textureLock;
     std::vector<OxOglComponentTexture*> textureList;   // those that hold a GL texture, each once
-    std::array<std::unique_ptr<OxJuceOglFont>, kFontSizes.size()> fonts;
-    Relaxed<bool> viewportDirty = false;
+    std::array<OxJuceOglFont, kFontSizes.size()> fonts;
+    std::atomic<bool> viewportDirty { false };   // in order with the size that the resize has written
     Relaxed<bool> renderEnabled = false;
     juce::OpenGLContext context;
 

@@ -9,13 +9,15 @@ using namespace juce::gl;
 namespace
 {
 
-/** The toolkit keeps colours multiplied by their alpha; what is blended by alpha wants them straight. */
-juce::Image withStraightAlpha (const juce::Image& source)
+/** The pixels in rows without gaps. The toolkit keeps colours multiplied by their alpha; what is blended by alpha wants them
+    straight. */
+juce::Image prepareForUpload (const juce::Image& source)
 {
-    if (source.getFormat() != juce::Image::ARGB)
-        return source;
-
     auto straight = source.createCopy();
+
+    if (source.getFormat() != juce::Image::ARGB)
+        return straight;
+
     const juce::Image::BitmapData pixels (straight, juce::Image::BitmapData::readWrite);
 
     for (int y = 0; y < pixels.height; ++y)
@@ -44,8 +46,8 @@ struct TransferFormat
 
 OxOglComponentTexture::~OxOglComponentTexture()
 {
-    if (isListed)
-        surface.get()->removeTexture (*this);
+    if (auto* const holder = listedIn.get())
+        holder->removeTexture (*this);
 }
 
 void OxOglComponentTexture::loadFromResource (const juce::String& resourceName)
@@ -87,6 +89,12 @@ void OxOglComponentTexture::bind (OxOglComponent* target)
     if (! target->isContextCurrent())
         return;
 
+    if (auto* const holder = listedIn.get(); holder != nullptr && holder != target)
+    {
+        holder->removeTexture (*this);   // its context keeps the GL texture to its end
+        textureId = 0;
+    }
+
     if (textureId > 0 && needsReload)
     {
         target->removeTexture (*this);
@@ -116,7 +124,7 @@ void OxOglComponentTexture::bind (OxOglComponent* target)
 
 void OxOglComponentTexture::create (const juce::Image& source, OxOglComponent& target)
 {
-    const auto straight = withStraightAlpha (source);
+    const auto straight = prepareForUpload (source);
     const juce::Image::BitmapData pixels (straight, juce::Image::BitmapData::readOnly);
     const TransferFormat format (straight.getFormat());
     pixelWidth = 1.0f / static_cast<float> (pixels.width);
@@ -164,6 +172,15 @@ void OxOglComponentTexture::drawQuad (juce::Rectangle<float> area)
     glTexCoord2f (maxU, maxV);
     glVertex2f (area.getRight(), area.getBottom());
     glEnd();
+}
+
+void OxOglComponentTexture::forgetContext()
+{
+    if (textureId > 0)
+        deleteTexture();
+
+    textureId = 0;   // also where the context went without a warning
+    listedIn = nullptr;
 }
 
 bool OxOglComponentTexture::deleteTexture()

@@ -42,6 +42,7 @@ public:
     float getPixelWidth() const noexcept { return pixelWidth; }
     float getPixelHeight() const noexcept { return pixelHeight; }
 
+    // Set before the first `bind`:
     int filter = 1;   // above 0 linear, otherwise nearest
     bool blend = true;
     juce::uint32 blendSource = juce::gl::GL_SRC_ALPHA, blendDestination = juce::gl::GL_ONE_MINUS_SRC_ALPHA;
@@ -49,6 +50,7 @@ public:
 private:
     friend class OxOglComponent;
 
+    void forgetContext();
     void create (const juce::Image& source, OxOglComponent& target);
 
     float pixelWidth = 0.0f, pixelHeight = 0.0f;
@@ -56,7 +58,7 @@ private:
     juce::Image image;
     juce::CriticalSection imageLock;   // guards `image` alone, and is held for a copy
     Relaxed<juce::uint32> textureId = 0;
-    Relaxed<bool> isListed = false;   // among the textures of the surface, which then still lives
+    Relaxed<OxOglComponent*> listedIn = nullptr;   // whose context holds the GL texture
     juce::String name;
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (OxOglComponentTexture)

@@ -10,8 +10,10 @@ void OxOglComponentUser::setOglComponent (OxJuceEditorBase* newEditor)
     if (newEditor == editor)
         return;
 
-    const ScopedChange change (*this);
+    const auto newLock = newEditor != nullptr ? newEditor->surface.getSceneLock() : nullptr;
+    const ScopedChange leaving (sceneLock), joining (newLock);
     setOglEditor (newEditor);
+    sceneLock = newLock;
 }
 
 void OxOglComponentUser::setOglEditor (OxJuceEditorBase* newEditor) noexcept
@@ -20,8 +22,7 @@ void OxOglComponentUser::setOglEditor (OxJuceEditorBase* newEditor) noexcept
     surface = newEditor != nullptr ? &newEditor->surface : nullptr;
 }
 
-OxOglComponentUser::ScopedChange::ScopedChange (const OxOglComponentUser& drawer) :
-    lock (drawer.surface != nullptr ? &drawer.surface.get()->sceneLock : nullptr)
+OxOglComponentUser::ScopedChange::ScopedChange (SceneLock lockToHold) : lock (std::move (lockToHold))
 {
     if (lock != nullptr)
         lock->enter();

@@ -4,6 +4,8 @@
 #include "framework/OxJuceChannelUser.h"
 #include "platform/Relaxed.h"
 
+#include <memory>
+
 #include <juce_graphics/juce_graphics.h>
 
 class OxJuceEditorBase;
@@ -14,34 +16,40 @@ class OxOglComponent;
 class OxOglComponentUser : public OxJuceChannelUser
 {
 public:
-    OxOglComponentUser() = default;
-    virtual ~OxOglComponentUser() = default;
+    /** Held by a frame while it is drawn, and by whoever replaces what a frame reads. */
+    using SceneLock = std::shared_ptr<juce::CriticalSection>;
 
-    /** Binds to an editor and its surface, or with null to none [message thread]. Waits for the frame in progress. */
-    virtual void setOglComponent (OxJuceEditorBase* newEditor);
-
-    OxJuceEditorBase* getOglEditor() const noexcept { return editor; }
-    OxOglComponent* getSurface() const noexcept { return surface; }
-
-protected:
-    /** Takes editor and surface with no wait [render thread, or what is not drawn]. */
-    void setOglEditor (OxJuceEditorBase* newEditor) noexcept;
-
-    /** Holds back the drawing of the surface while what a frame reads is replaced: texts, images, lists of anything
+    /** Holds back the drawing of a surface while what a frame reads is replaced: texts, images, lists of anything
         [message thread]. It waits for the frame in progress, and may stand within another one. Nothing is waited for and no
         listener called while it is held. */
     class ScopedChange
     {
     public:
-        explicit ScopedChange (const OxOglComponentUser& drawer);
+        /** A drawer without a surface is not drawn, and holds back nothing. */
+        explicit ScopedChange (const OxOglComponentUser& drawer) : ScopedChange (drawer.sceneLock) {}
+        explicit ScopedChange (SceneLock lockToHold);
         ~ScopedChange();
 
         ScopedChange (const ScopedChange&) = delete;
         ScopedChange& operator= (const ScopedChange&) = delete;
 
     private:
-        const juce::CriticalSection* const lock;   // null for a drawer without a surface, which is not drawn
+        const SceneLock lock;
     };
+
+    OxOglComponentUser() = default;
+    virtual ~OxOglComponentUser() = default;
+
+    /** Binds to an editor and its surface, or with null to none [message thread]. Waits for the frame in progress, and may
+        come when the old editor is gone. */
+    virtual void setOglComponent (OxJuceEditorBase* newEditor);
+
+    OxJuceEditorBase* getOglEditor() const noexcept { return editor; }
+    OxOglComponent* getSurface() const noexcept { return surface; }
+
+protected:
+    /** Takes editor and surface with no wait [render thread]. */
+    void setOglEditor (OxJuceEditorBase* newEditor) noexcept;
 
     // Primitives in the pending state [render thread] ------------------------------------------------------------------
 
@@ -56,4 +64,7 @@ protected:
     Relaxed<OxOglComponent*> surface = nullptr;    // not owned
     Relaxed<OxJuceEditorBase*> editor = nullptr;   // not owned
     Relaxed<bool> needsReload = true;              // of a texture: the image or the context is another one
+
+private:
+    SceneLock sceneLock;   // that of the surface, which it may outlive [message thread]
 };

@@ -78,7 +78,11 @@ TEST (GridSurfaceTest, TakesAComponentOutOfAParentThatIsBeingDrawn)
     struct Leaver : Sketch
     {
         using Sketch::Sketch;
-        void parentHierarchyChanged() override { leaves.signal(); }
+        void parentHierarchyChanged() override
+        {
+            leaves.signal();
+            Sketch::parentHierarchyChanged();
+        }
 
         juce::WaitableEvent leaves { true };
     };
@@ -89,7 +93,8 @@ TEST (GridSurfaceTest, TakesAComponentOutOfAParentThatIsBeingDrawn)
     Sketch first ({ 0, 0, 9, 9 });
     rig.add (leaver);
     leaver.leaves.reset();
-    first.sketch = [&] (Sketch&) { frameIsHalfDone.signal(), leaver.leaves.wait(); };   // the grid is drawn after this
+    // The grid is drawn after this. Whoever took its lock and then waits for the frame has the leaver leave by now.
+    first.sketch = [&] (Sketch&) { frameIsHalfDone.signal(), leaver.leaves.wait (20); };
     rig.add (first);
     rig.grid.toFront (false);
     ASSERT_TRUE (pumpUntil ([&] { return frameIsHalfDone.wait (0); }));

@@ -38,6 +38,12 @@ struct Sketch : OxOglChildComponent
         setBounds (bounds);
     }
 
+    ~Sketch() override
+    {
+        if (auto* const parent = getParentComponent())
+            parent->removeChildComponent (this);
+    }
+
     void draw (int) override
     {
         numDraws += 1;
@@ -91,6 +97,8 @@ struct SurfaceRig : Rig
         window.setVisible (true);
         open (rendersAtOnce);
     }
+
+    ~SurfaceRig() override { editor.reset(); }
 
     void open (bool rendersAtOnce = true)
     {
