@@ -30,17 +30,6 @@ public:
     const char* getTypeName() const override { return "OxJuceOglGridComponent"; }
 
 private:
-    /** Holds back first the surface's frames, then the drawing of this grid: the order in which a frame comes to it. A
-        component that leaves another parent on the surface holds back the frames too, and must not be the first to. */
-    struct Change
-    {
-        explicit Change (const OxJuceOglGridComponent& grid) : scene (grid), cells (grid.gridLock) {}
-
-        const ScopedChange scene;
-        const juce::ScopedLock cells;
-    };
-
-    /** @returns true */
-    bool giveEditor (juce::Component* component);
+    void giveEditor (juce::Component* component);
     void drawBehind (juce::Component& component, bool withChildren, int elapsedMs);
 };
