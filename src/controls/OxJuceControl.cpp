@@ -101,7 +101,7 @@ void OxJuceControl::setValue (float newValue, bool notify)
 {
     const auto clamped = inUnitRange (newValue);
 
-    if (clamped == value)
+    if (clamped == value || std::isnan (newValue))
         return;
 
     const juce::WeakReference<juce::Component> self (this);
@@ -155,8 +155,11 @@ void OxJuceControl::setVisible (bool shouldBeVisible)
     if (shouldBeVisible == isVisible())
         return;
 
+    const juce::WeakReference<juce::Component> self (this);
     juce::Component::setVisible (shouldBeVisible);
-    refresh();
+
+    if (self != nullptr)
+        refresh();
 }
 
 // Mouse ---------------------------------------------------------------------------------------------------------------

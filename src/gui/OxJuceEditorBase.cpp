@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/OxJuceEditorBase.h"
 
+#include "gui/DriverCheck.h"
+
 namespace
 {
 
@@ -20,6 +22,10 @@ OxJuceEditorBase::OxJuceEditorBase (OxJuceProcessorBase& owner) : AudioProcessor
     surface.setName ("Base OpenGL Component");
     addAndMakeVisible (surface);
     surface.setOglComponent (this);
+    overlays.setOglComponent (this);
+    addControl (m_btnScreenDisablePlugin);
+    m_btnScreenDisablePlugin.setStateFill (juce::Colours::transparentBlack, OxJuceButton::kAllStates);
+    m_btnScreenDisablePlugin.setVisible (false);
 }
 
 OxJuceEditorBase::~OxJuceEditorBase()
@@ -57,6 +63,14 @@ void OxJuceEditorBase::timerCallback()
     }
 
     onTimerTick();
+    overlays.collect (*this);
+}
+
+void OxJuceEditorBase::drawOverlays()
+{
+    driverCheck::runOnce();
+    overlays.draw();
+    drawProductOverlay();
 }
 
 void OxJuceEditorBase::updateGui()
@@ -170,8 +184,14 @@ void OxJuceEditorBase::controlGestureEnd (OxJuceControl& control)
     }
 }
 
-void OxJuceEditorBase::showDisableScreen (bool)
+void OxJuceEditorBase::showDisableScreen (bool show)
 {
+    m_btnScreenDisablePlugin.setBounds (getBounds());
+
+    if (show && ! m_btnScreenDisablePlugin.isVisible())
+        addControl (m_btnScreenDisablePlugin);   // above all that has been added since
+    else
+        m_btnScreenDisablePlugin.setVisible (show);
 }
 
 // The host's mouse ----------------------------------------------------------------------------------------------------

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "controls/OxJuceControl.h"
+#include "controls/OxJuceButton.h"
 #include "framework/OxJuceProcessorBase.h"
 #include "gui/EditorMouseListener.h"
+#include "gui/EditorOverlays.h"
 #include "gui/OxOglComponent.h"
 
 /** The framework's editor: owns the surface, runs the timer of the GUI, and moves values both ways between the processor's
@@ -91,6 +92,9 @@ public:
 
     OxReadWriteLock editorLock;   // written by constructor, destructor and each tick
     OxOglComponent surface;
+    OxJuceButton m_btnScreenDisablePlugin {
+        "m_btnScreenDisablePlugin"
+    };   // covers all else while the product is disabled
 
 protected:
     /** Ends all drawing and all ticks; the first thing that the most derived destructor does. */
@@ -101,6 +105,7 @@ private:
     bool askMouseListeners (Question&& takes);
 
     OxJuceProcessorBase& processorBase;
+    EditorOverlays overlays;
     juce::Array<OxJuceControl*> boundControls;          // those with a parameter, each once
     juce::Array<EditorMouseListener*> mouseListeners;   // not owned
 
