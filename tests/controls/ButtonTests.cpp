@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "ControlRig.h"
 #include "Mouse.h"
 #include "controls/OxJuceButton.h"
 #include "gui/Pictures.h"
-#include "gui/SurfaceRig.h"
 
 namespace
 {
@@ -63,25 +63,19 @@ TEST (ButtonTest, TakesAClickInTheWindowToItsParameterUnlessTheHostWantsIt)
         bool hostMouseUp (const juce::MouseEvent&, int) override { return true; }
     };
 
-    SurfaceRig rig;
+    ControlRig rig;
     OxJuceButton button ("Button");
     Host host;
     button.setBounds (10, 10, 30, 20);
     button.attach (duoJudge::ToggleAB, rig.editor.get());
     rig.add (button);
-    const auto click = [&rig] (juce::Point<float> at)
-    {
-        for (const int keys : { 0, 0 + juce::ModifierKeys::leftButtonModifier, 0 })
-            rig.window.getPeer()->handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse, at, keys, 0.0f,
-                                                    0.0f, juce::Time::currentTimeMillis());
-
-        return std::exchange (rig.told, {});
-    };
     rig.told.clear();
-    EXPECT_EQ (click ({ 20.0f, 20.0f }), "3< 3=1 3> ");
-    EXPECT_EQ (click ({ 60.0f, 20.0f }), "") << "beside the button";
+    rig.click ({ 60, 20 });   // beside the button
+    rig.click ({ 20, 20 });
+    EXPECT_EQ (rig.told, "3< 3=1 3> ");
     rig.editor->addHostMouseListener (host);
-    EXPECT_EQ (click ({ 20.0f, 20.0f }), "");
+    rig.click ({ 20, 20 });
+    EXPECT_EQ (rig.told, "3< 3=1 3> ");
     rig.setParamDirect (duoJudge::ToggleAB, 0.0f, true);   // automation
     EXPECT_TRUE (pumpUntil ([&] { return button.getState() == 0; }));
     rig.editor = nullptr;
