@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "ControlRig.h"
 #include "Mouse.h"
 #include "controls/OxJuceScalableButton.h"
-#include "gui/GlCounter.h"
 #include "gui/Pictures.h"
-#include "gui/SurfaceRig.h"
+#include "metering/OxJuceMultiGradient.h"
 
 namespace
 {
@@ -12,35 +12,30 @@ using Stops = std::vector<OxJuceMultiGradientHelper::Stop>;
 
 constexpr int kSize = 32;   // pixels of the picture
 
-/** Every pixel of a corner is another one; what is stretched is all alike. */
+/** Every pixel of a corner but its inner edge is another one; what is stretched is all alike. */
 juce::Image frame (int corner)
 {
     juce::Image image (juce::Image::RGB, kSize, kSize, false);
     image.clear (image.getBounds(), juce::Colour (200, 180, 90));
-    const auto isCorner = [corner] (int place) { return place < corner - 1 || place > kSize - corner; };
 
-    for (int y = 0; y < kSize; ++y)
+    for (const int y : { 0, 1, kSize - 2, kSize - 1 })
         for (int x = 0; x < kSize; ++x)
-            if (isCorner (x) && isCorner (y))
+            if (x < corner - 1 || x > kSize - corner)
                 image.setPixelAt (x, y, juce::Colour::fromRGB (juce::uint8 (x * 8), juce::uint8 (y * 8), 77));
 
     return image;
 }
 
-struct ScalableRig : SurfaceRig
+struct ScalableRig : ControlRig
 {
-    ScalableRig (int width, int height, int corner = 9) : SurfaceRig (width, height), button ("B", "", corner)
+    ScalableRig (int width, int height, int corner = 9) : ControlRig (width, height), button ("B", "", corner)
     {
         button.setBounds (0, 0, width, height);
         add (button);
     }
     ~ScalableRig() override { editor = nullptr; }
 
-    void frameBegins() override { GlCounter::passesOn = ! drawsNowhere; }
-    void frameEnds() override { GlCounter::passesOn = true; }
-
     OxJuceScalableButton button;
-    Relaxed<bool> drawsNowhere = false;
 };
 
 TEST (ScalableButtonTest, NeverScalesACorner)
@@ -59,8 +54,8 @@ TEST (ScalableButtonTest, NeverScalesACorner)
         for (const auto& [x, y] : { std::pair (0, 0), { 0, 1 }, { 1, 0 }, { 1, 1 } })
             graphics.drawImage (image, x * (w - c), y * (h - c), c, c, x * (kSize - c), y * (kSize - c), c, c);
 
-        const auto twin = [&, width = w, height = h]
-        { return painted (width, height, [&] (auto& g) { rig.button.paint (g); }); };
+        const auto twin = [&rig]
+        { return painted (rig.button.getWidth(), rig.button.getHeight(), [&] (auto& g) { rig.button.paint (g); }); };
         EXPECT_TRUE (looksLike (expected, rig.picture())) << w << " x " << h;
         EXPECT_TRUE (looksLike (twin(), rig.picture(), 2));
         rig.button.setLocked (true);
@@ -69,39 +64,33 @@ TEST (ScalableButtonTest, NeverScalesACorner)
     }
 }
 
-/** What OpenGL makes of 100 x 40 pixels of white with these colours at these rows. */
+/** 100 x 40 pixels of a gradient. */
 juce::Image bands (const Stops& rows)
 {
-    OxJuceMultiGradientHelper gradient;
+    OxJuceMultiGradient gradient;
+    gradient.setSize (100, 40);
 
     for (const auto& row : rows)
         gradient.addStop (row.position, row.colour);
 
-    return painted (100, 40,
-                    [&] (juce::Graphics& g)
-                    {
-                        for (int y = 0; y < 40; ++y)
-                        {
-                            g.setColour (gradient.colourAt ((static_cast<float> (y) + 0.5f) / 40.0f));
-                            g.fillRect (0, y, 100, 1);
-                        }
-                    });
+    return painted (100, 40, [&] (auto& g) { gradient.paint (g); });
 }
 
 TEST (ScalableButtonTest, DrawsTheGradientOfItsStateAndOverItThatOfTheOverlay)
 {
-    const auto red = juce::Colours::red, blue = juce::Colours::blue, lime = juce::Colours::lime;
-    const Stops rows[] { { { 1.0f, blue }, { 0.0f, red }, { 0.5f, lime } },
-                         { { 0.1f, lime }, { 0.9f, blue } },   // within the corners: no rows of their own
-                         { { 0.0f, juce::Colours::white }, { 1.0f, red } },
-                         { { 0.0f, juce::Colours::yellow }, { 1.0f, blue } } };
-    const auto upper = lime.interpolatedWith (blue, 0.125f / 0.8f), lower = lime.interpolatedWith (blue, 0.675f / 0.8f);
-    const auto onPicture = bands ({ { 0.0f, lime }, { 0.225f, upper }, { 0.775f, lower }, { 1.0f, blue } });
+    const juce::Colour dark (40, 30, 0), mid (90, 110, 80), light (160, 150, 170);
+    const auto nearTop = mid.interpolatedWith (light, 0.125f / 0.8f),
+               nearEnd = light.interpolatedWith (mid, 0.125f / 0.8f);
+    const Stops rows[] { { { 1.0f, light }, { 0.0f, dark }, { 0.5f, mid } },
+                         { { 0.1f, mid }, { 0.9f, light } },   // within the corners: no rows of their own
+                         { { 0.0f, mid }, { 1.0f, dark } },
+                         { { 0.0f, light }, { 1.0f, mid } } };
+    ScalableRig rig (100, 40);
+    const auto shows = [&rig] (const juce::Image& expected) { return looksLike (expected, rig.picture(), 4); };
+    const auto hover = [&rig] { return rig.button.mouseEnter (mouseAt (rig.button)), rig.frames (12); };
     juce::Image white (juce::Image::RGB, kSize, kSize, false);
     white.clear (white.getBounds(), juce::Colours::white);
-    ScalableRig rig (100, 40);
-    const auto shows = [&rig] (const juce::Image& expected) { return looksLike (expected, rig.picture(), 3); };
-    rig.button.setStripImage (white, 9, 9);
+    rig.button.setStripImage (white, 0, 0);
     rig.button.setGradient (rows[0], 0);
     EXPECT_TRUE (shows (bands (rows[0])));
     rig.button.setValue (1.0f, false);
@@ -110,38 +99,30 @@ TEST (ScalableButtonTest, DrawsTheGradientOfItsStateAndOverItThatOfTheOverlay)
     for (const int state : { 1, 2, 3 })
         rig.button.setGradient (rows[state], state);
 
-    rig.button.mouseEnter (mouseAt (rig.button));
-    EXPECT_TRUE (rig.frames (12));
-    EXPECT_TRUE (shows (onPicture)) << "the pointer alone";
+    EXPECT_TRUE (hover() &&
+                 shows (bands ({ { 0.0f, mid }, { 0.225f, nearTop }, { 0.775f, nearEnd }, { 1.0f, light } })));
     rig.button.hoverFadeDisabled = false;
-    rig.button.mouseEnter (mouseAt (rig.button));
-    EXPECT_TRUE (rig.frames (12));
-    EXPECT_TRUE (shows (bands (rows[3])));
+    EXPECT_TRUE (hover() && shows (bands (rows[3])));
     rig.button.setValue (0.0f, false);
     EXPECT_TRUE (shows (bands (rows[2])));
     rig.button.dimsWhenLocked = false;
     rig.button.setLocked (true);
     EXPECT_TRUE (shows (bands (rows[0]))) << "no overlay on a locked button";
-
     rig.button.setBounds (0, 0, 5, 5);   // below the corners' size
-    rig.drawsNowhere = true;
-    EXPECT_TRUE (rig.frames (2));
-    EXPECT_EQ (rig.allocations, 0);
+    EXPECT_EQ (rig.allocationsOfAFrame(), 0);
 }
 
 TEST (ScalableButtonTest, DropsALabelThatDoesNotFit)
 {
     ScalableRig rig (40, 20);
+    rig.button.setStripImage (juce::Image (juce::Image::ARGB, kSize, kSize, true), 0, 0);
     const auto isInked = [&rig] (const char* text, int fontSize)
     {
         rig.button.setLabel (text, 4);
         rig.button.setFont (rig.editor->surface.getFont (fontSize));
         return difference (painted (40, 20, [] (auto&) {}), rig.picture()).numPixels > 0;
     };
-    rig.button.setStripImage (juce::Image (juce::Image::ARGB, kSize, kSize, true), 0, 0);
-    EXPECT_TRUE (isInked ("Hill", 14));
-    EXPECT_FALSE (isInked ("Hill and dale", 14));
-    EXPECT_FALSE (isInked ("H", 28)) << "too high";
+    EXPECT_TRUE (isInked ("Hill", 14) && ! isInked ("Hill and dale", 14) && ! isInked ("H", 28));
     rig.button.drawsOversizeLabel = true;
     EXPECT_TRUE (isInked ("Hill and dale", 14));
 }
