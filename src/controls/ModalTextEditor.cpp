@@ -8,7 +8,15 @@ namespace
 
 constexpr int kTick = 1;                      // milliseconds
 constexpr juce::uint32 kSettlingTime = 500;   // milliseconds from the start in which no loss of focus ends the edit
-constexpr auto kTypefaceName = "Arial";
+
+/** The typeface to type in, or the system's own where it is not installed: the toolkit gives a missing one no metrics. */
+const juce::String& getTypefaceName()
+{
+    static const juce::String wanted = "Arial";
+    static const auto found =
+        juce::Font::findAllTypefaceNames().contains (wanted) ? wanted : juce::Font::getDefaultSansSerifFontName();
+    return found;
+}
 
 }   // namespace
 
@@ -16,6 +24,7 @@ ModalTextEditor::ModalTextEditor() : juce::TextEditor ("ModalTextEditor")
 {
     setPopupMenuEnabled (false);
     setOpaque (true);
+    setBorder ({});
     setAlwaysOnTop (true);
     setColour (backgroundColourId, juce::Colour (0xff505050));
     setColour (highlightColourId, juce::Colours::black);
@@ -40,7 +49,8 @@ void ModalTextEditor::setLook (juce::Rectangle<int> area, juce::Colour text, juc
     setBounds (area);
     setColour (backgroundColourId, background);
     applyColourToAllText (text);
-    applyFontToAllText (juce::Font (kTypefaceName, fontHeight, juce::Font::plain));
+    const auto room = static_cast<float> (area.getHeight() - getTopIndent());
+    applyFontToAllText (juce::Font (getTypefaceName(), std::min (fontHeight, room), juce::Font::plain));
 }
 
 // The beginning -------------------------------------------------------------------------------------------------------
@@ -121,10 +131,11 @@ void ModalTextEditor::leave()
 void ModalTextEditor::focusLost (FocusChangeType cause)
 {
     const SafePointer<ModalTextEditor> self (this);
-    stopTimer();
 
     if (juce::Time::getMillisecondCounter() - startTime >= kSettlingTime)
         finish();
+    else
+        hadKeyboard = false;   // to be lost, it must come back first
 
     if (self != nullptr)
         juce::TextEditor::focusLost (cause);
@@ -205,11 +216,6 @@ void ModalTextEditor::componentParentHierarchyChanged (juce::Component&)
     // At once: a host that takes the view away may delete it next.
     if (control != nullptr && ! control->isShowing())
         finish();
-}
-
-void ModalTextEditor::componentVisibilityChanged (juce::Component&)
-{
-    startTimer (kTick);
 }
 
 bool ModalTextEditor::hasKeyboard() const

@@ -22,7 +22,9 @@ public:
     ModalTextEditor();
     ~ModalTextEditor() override;
 
-    /** The looks of the next edit. @param area on the desktop. @param fontHeight pixels */
+    /** The looks of the next edit; its indents are set before.
+        @param area on the desktop
+        @param fontHeight pixels, of which no more is taken than there is room for */
     void setLook (juce::Rectangle<int> area, juce::Colour text, juce::Colour background, float fontHeight);
 
     /** Arms an edit; its window comes up a moment later, when the mouse event that asked for it is over. An edit that is open
@@ -48,7 +50,6 @@ private:
 
     // juce::ComponentListener, of the control
     void componentParentHierarchyChanged (juce::Component&) override;
-    void componentVisibilityChanged (juce::Component&) override;
 
     void showWindow();
     void leave();
@@ -60,7 +61,7 @@ private:
     juce::uint32 startTime = 0;                              // milliseconds, when the edit was armed
     ModalTextEditorUser* user = nullptr;                     // who receives the text, null while no edit is open
     juce::Component::SafePointer<juce::Component> control;   // the user, as the window sees it
-    bool hadKeyboard = false;                                // at any time in this edit
+    bool hadKeyboard = false;                                // at the last tick
     bool returnsKeyboard = false;                            // the control's window had it before
     int numEdits = 0;
     juce::String startText;

@@ -99,12 +99,15 @@ void OxJuceButton::mouseUp (const juce::MouseEvent& event)
 void OxJuceButton::endChange()
 {
     const juce::WeakReference<juce::Component> self (this);
+    const auto wasChanging = isChanging();
 
     if (momentary)
         setValue (0.0f, true);
 
-    if (self != nullptr && ! isLocked())   // a listener that locks the button has ended the gesture
-        OxJuceControlWithHelpers::endChange();
+    if (self == nullptr || isLocked() || (wasChanging && ! isChanging()))
+        return;   // a listener that locks the button has ended the gesture
+
+    OxJuceControlWithHelpers::endChange();
 }
 
 // Drawing -------------------------------------------------------------------------------------------------------------

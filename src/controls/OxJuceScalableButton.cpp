@@ -29,9 +29,12 @@ OxJuceScalableButton::OxJuceScalableButton (const juce::String& nameOfControl, c
                                             int cornerSize) :
     OxJuceButton (nameOfControl)
 {
+    if (cornerSize != 0)
+        cornerWidth = cornerHeight = cornerSize;
+
     hoverFadeDisabled = true;
     setTintColour (juce::Colours::white, kAllStates);
-    setStripImage (images::loadImageByName (resourceName), cornerSize, cornerSize);
+    setStripImage (images::loadImageByName (resourceName), 0, 0);
 }
 
 void OxJuceScalableButton::setStripImage (const juce::Image& image, int cornerW, int cornerH)

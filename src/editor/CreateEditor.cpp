@@ -1,19 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "editor/SpecimenEditor.h"
 #include "engine/DuoJudgeProcessor.h"
-
-namespace
-{
-
-/** A plain panel in the size of the window. */
-class PlainEditor : public juce::AudioProcessorEditor
-{
-public:
-    explicit PlainEditor (DuoJudgeProcessor& judge) : AudioProcessorEditor (judge) { setSize (535, 267); }
-
-    void paint (juce::Graphics& graphics) override { graphics.fillAll (juce::Colours::grey); }
-};
-
-}   // namespace
 
 juce::AudioProcessorEditor* DuoJudgeProcessor::createEditor()
 {
@@ -26,5 +13,5 @@ juce::AudioProcessorEditor* DuoJudgeProcessor::createEditor()
     markChanged (kPersistentIdBase, getNumPersistentParams());
     markChanged (kTransientIdBase, getNumTransientParams());
 
-    return new PlainEditor (*this);
+    return new SpecimenEditor (*this);
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "controls/OxJuceControl.h"
 #include "gui/GlCounter.h"
 #include "gui/SurfaceRig.h"
 
@@ -22,40 +21,33 @@ struct ControlEars : OxJuceControl::Listener
     std::function<void()> onValue;
 };
 
-/** Moves the pointer to a place of a window and presses or releases, the way the toolkit's own window tells it. */
-inline void point (juce::Component& window, juce::Point<int> place, bool pressed)
-{
-    window.getPeer()->handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse, place.toFloat(),
-                                        pressed ? juce::ModifierKeys::leftButtonModifier : juce::ModifierKeys(),
-                                        juce::MouseInputSource::defaultPressure,
-                                        juce::MouseInputSource::defaultOrientation, juce::Time::currentTimeMillis());
-}
-
-inline void click (juce::Component& window, juce::Point<int> place)
-{
-    point (window, place, false);
-    point (window, place, true);
-    point (window, place, false);
-}
-
-/** An editor with controls, which can draw without any OpenGL. */
+/** An editor with controls and a hand on the mouse, the way the toolkit's own window tells of it. */
 struct ControlRig : SurfaceRig
 {
     using SurfaceRig::SurfaceRig;
 
-    void frameBegins() override { GlCounter::passesOn = ! drawsNowhere; }
-    void frameEnds() override { GlCounter::passesOn = true; }
-
-    /** What a frame allocates beyond the driver's own. */
-    int allocationsOfAFrame()
+    void move (juce::Point<int> place, juce::ModifierKeys buttons = {})
     {
-        drawsNowhere = true;
-        EXPECT_TRUE (frames (2));
-        const int counted = allocations;
-        drawsNowhere = false;
-        EXPECT_TRUE (frames (2));
-        return counted;
+        window.getPeer()->handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse, place.toFloat(), buttons,
+                                            juce::MouseInputSource::defaultPressure,
+                                            juce::MouseInputSource::defaultOrientation,
+                                            juce::Time::currentTimeMillis());
     }
 
-    Relaxed<bool> drawsNowhere = false;
+    void click (juce::Point<int> place)
+    {
+        for (const auto buttons : { 0, int { juce::ModifierKeys::leftButtonModifier }, 0 })
+            move (place, buttons);
+    }
+
+    /** What a frame allocates in our own code. */
+    int allocationsOfAFrame()
+    {
+        GlCounter::passesOn = false;
+        EXPECT_TRUE (frames (2));
+        GlCounter::passesOn = true;
+        return allocations;
+    }
+
+    ControlEars ears;
 };

@@ -101,7 +101,7 @@ TEST (DragControlTest, ShowsItsParametersTextAndTakesATypedNumberAsOneEdit)
                                  { return text == "?" ? NAN : text.getFloatValue() / 20.0f + 0.5f; });
 
     for (int count = 0; count < 3; ++count)
-        click (rig.window, { 15, 30 });
+        rig.click ({ 15, 30 });
 
     EXPECT_EQ (hand.play (""), "< > < > <") << "the third click leaves the typing alone";
 

@@ -113,11 +113,11 @@ TEST (SliderTest, MovesItsParameterInTheWindowUnlessTheHostTakesTheMouse)
     gain.attach (duoJudge::SendGain, rig.editor.get());
     other.attach (kNoParam, rig.editor.get());
     rig.add (gain);
-    point (rig.window, { 40, 15 }, false);
-    point (rig.window, { 40, 15 }, true);
+    rig.move ({ 40, 15 });
+    rig.move ({ 40, 15 }, juce::ModifierKeys::leftButtonModifier);
     EXPECT_TRUE (record.editedByGui);
-    point (rig.window, { 105, 15 }, true);
-    point (rig.window, { 105, 15 }, false);
+    rig.move ({ 105, 15 }, juce::ModifierKeys::leftButtonModifier);
+    rig.move ({ 105, 15 });
     EXPECT_FLOAT_EQ (record.value, 0.85f);
     EXPECT_FALSE (record.editedByGui);
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "resources/GlyphTables.h"
 
-#include <Images.h>
+#include <EmbeddedImages.h>
 #include <gtest/gtest.h>
 #include <juce_graphics/juce_graphics.h>
 
