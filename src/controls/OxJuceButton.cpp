@@ -1,32 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/OxJuceButton.h"
 
+#include "controls/MultipliedImage.h"
 #include "gui/OxOglComponent.h"
 
 namespace
 {
 
 const juce::Colour kFillOff { 0xff323232 }, kFillOn { 0xff505050 };
-
-/** The product of a picture and a colour, channel by channel. */
-juce::Image multiplied (const juce::Image& picture, juce::Colour colour)
-{
-    auto product = picture.convertedToFormat (juce::Image::ARGB).createCopy();
-    const juce::Image::BitmapData pixels (product, juce::Image::BitmapData::readWrite);
-
-    for (int y = 0; y < pixels.height; ++y)
-        for (int x = 0; x < pixels.width; ++x)
-        {
-            const auto old = pixels.getPixelColour (x, y);
-            pixels.setPixelColour (x, y,
-                                   juce::Colour::fromFloatRGBA (old.getFloatRed() * colour.getFloatRed(),
-                                                                old.getFloatGreen() * colour.getFloatGreen(),
-                                                                old.getFloatBlue() * colour.getFloatBlue(),
-                                                                old.getFloatAlpha() * colour.getFloatAlpha()));
-        }
-
-    return product;
-}
 
 }   // namespace
 
@@ -226,6 +207,5 @@ void OxJuceButton::paintPicture (juce::Graphics& graphics, bool isTinted)
 
 juce::Image OxJuceButton::getColouredImage (juce::Colour colour) const
 {
-    const auto shown = texture.getImage();
-    return shown.isValid() && colour != juce::Colours::white ? multiplied (shown, colour) : shown;
+    return multiplied (texture.getImage(), colour);
 }

@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/OxJuceDragControl.h"
+
+#include "Hand.h"
+#include "controls/OxJuceSlider.h"
+
+namespace
+{
+
+TEST (DragControlTest, CountsTheLargerMovementFromTheLastStep)
+{
+    for (const auto& [speed, script, heard] : {
+             std::tuple (1.0f, "press 0 0 | drag 3 -3 | drag 6 -7 | drag 3 -3 | drag 23 -3 fine | drag 9 -3 reset",
+                         "< 0.515 0.535 0.515 0.525"),
+             { 1.0f, "press 0 0 | drag 300 0 | drag 299 0 | release | drag 0 0", "< 1 0.995 >" },
+             { 2.0f, "press 0 0 reset | drag 10 0 | release", "< 0 0.1 >" },
+             { 1.0f, "wheel -0.5 -0.5 | wheel 1 1 reset | wheel 0 0", "< 0.35 > < >" },
+             { 1.0f, "press 0 0 | wheel 1 0 | drag 10 0 | release", "< 0.65 0.7 >" },
+             { 1.0f, "press 0 0 | lock | unlock | drag 10 0 | release", "< >" },
+             { 1.0f, "lock | press 0 0 | drag 10 0 | release | wheel 1 1", "" },
+         })
+    {
+        OxJuceDragControl knob ("knob");
+        Hand hand (knob);
+        knob.setValue (0.5f, false);
+        knob.setDragSpeed (speed);
+        EXPECT_EQ (hand.play (script), heard) << script;
+        EXPECT_EQ (knob.isChanging(), knob.getMouseCursor() == juce::MouseCursor::UpDownResizeCursor);
+    }
+}
+
+TEST (DragControlTest, HoldsValuesToItsRangeWrapsThemAndLimitsAUserOnly)
+{
+    OxJuceDragControl knob ("knob");
+    Hand hand (knob);
+    knob.setFrames (5, false);
+    EXPECT_EQ (hand.play ("press 0 0 | drag 1 0 | release"), "< 0.00002 >");
+    knob.limited = true;
+    knob.limitLow = 0.001f;
+
+    const auto codeAfter = [&] (bool wraps, bool notify, float value)
+    {
+        knob.wraps = wraps;
+        return knob.setValue (value, notify), knob.getCode();
+    };
+    EXPECT_EQ (codeAfter (false, true, 1.0f), 4);
+    EXPECT_EQ (codeAfter (false, true, -1.0f), 1);
+    EXPECT_EQ (codeAfter (false, false, -1.0f), 0);
+    EXPECT_EQ (codeAfter (true, false, -0.1f), 4);
+    EXPECT_EQ (codeAfter (true, false, NAN), 4);
+    EXPECT_EQ (codeAfter (true, false, 0.005f), 0);
+}
+
+TEST (DragControlTest, ShowsTheFrameOfItsValueAndAnotherStripWhileHeld)
+{
+    juce::Image resting (juce::Image::ARGB, 6, 8, true), held (juce::Image::RGB, 6, 8, true);
+    resting.clear ({ 0, 0, 6, 4 }, juce::Colours::red);
+    resting.clear ({ 0, 4, 6, 4 }, juce::Colours::white);
+    held.clear ({ 0, 4, 6, 4 }, juce::Colours::blue);
+    ControlRig rig;
+    OxJuceDragControl knob ("knob");
+    knob.setBounds (10, 20, 6, 4);
+    knob.setFrames (2, true);
+    knob.setImage (resting, 0);
+    knob.setImage (held, 1);
+    knob.tint = juce::Colour (0xff80ff40);
+    rig.add (knob);
+    const auto expectColour = [&] (juce::Colour colour) {
+        expectPatches (rig, knob, { { colour, knob.getBounds() } });
+    };
+
+    for (const auto& [value, colour] :
+         { std::pair (0.49f, juce::Colours::red), { 0.5f, juce::Colours::white }, { 1.0f, juce::Colours::white } })
+    {
+        knob.setValue (value, false);
+        expectColour (colour);
+    }
+
+    knob.beginChange();
+    expectColour (juce::Colours::blue);
+    knob.endChange();
+    knob.tinted = true;
+    knob.setLocked (true);
+    expectColour (juce::Colour (0xff408020));
+    rig.editor.reset();
+}
+
+TEST (DragControlTest, ShowsItsParametersTextAndTakesATypedNumberAsOneEdit)
+{
+    ControlRig rig;
+    OxJuceDragControl box ("box");
+    Hand hand (box);
+    box.setBounds (10, 20, 60, 23);
+    box.attach (duoJudge::SendGain, rig.editor.get());
+    box.setTextMode (true);
+    rig.add (box);
+    EXPECT_EQ (hand.play ("doubleclick"), "");
+    box.draggable = box.typeInDisabled = false;
+    EXPECT_EQ (hand.play ("doubleclick | wheel 1 1 | press 0 0 | drag 9 0 | release"), "< >");
+    box.setConvertStringToParam ([] (const juce::String& text)
+                                 { return text == "?" ? NAN : text.getFloatValue() / 20.0f + 0.5f; });
+
+    for (int count = 0; count < 3; ++count)
+        rig.click ({ 15, 30 });
+
+    EXPECT_EQ (hand.play (""), "< > < > <") << "the third click leaves the typing alone";
+
+    for (const auto& [typed, heard] : { std::pair ("-7", "0.15 >"), { "", ">" }, { "?", ">" } })
+    {
+        hand.play ("doubleclick");
+        EXPECT_TRUE (box.getTextEditor().isOpen());
+        box.getTextEditor().setText (typed);
+        box.setVisible (false);   // ends the typing
+        EXPECT_TRUE (pumpUntil ([&] { return ! box.getTextEditor().isOpen(); }));
+        box.setVisible (true);
+        EXPECT_EQ (hand.play (""), heard) << typed;
+    }
+
+    EXPECT_EQ (rig.allocationsOfAFrame(), 0);
+    const auto shown = rig.picture();
+    box.setValue (0.5f, true);
+    EXPECT_GT (difference (shown, rig.picture()).numPixels, 10);
+    box.setValue (0.15f, true);
+    EXPECT_EQ (difference (shown, rig.picture()).numPixels, 0);
+    hand.play ("");
+    rig.editor->surface.removeAllChildren();
+    EXPECT_EQ (hand.play ("doubleclick | lock"), "< >");
+    box.textEditFinished ("4");
+    EXPECT_EQ (hand.play (""), "< 0.7 >") << "what is typed is not lost to a lock";
+    box.attach (kNoParam, rig.editor.get());
+    rig.editor.reset();
+}
+
+TEST (DragControlTest, LivesThroughAListenerThatDeletesItAsASliderDoes)
+{
+    for (const auto* const script : { "wheel 0 9", "press 0 0 | drag 0 -999 | release" })
+        for (const auto* const last : { "<", "1", ">" })
+        {
+            auto knob = std::make_unique<OxJuceDragControl> ("knob"),
+                 typed = std::make_unique<OxJuceDragControl> ("typed");
+            auto slider = std::make_unique<OxJuceSlider> ("slider");
+            Hand onKnob (*knob), onTyped (*typed), onSlider (*slider);
+            onKnob.react = [&] (const juce::String& what) { what == last ? knob.reset() : void(); };
+            onTyped.react = [&] (const juce::String& what) { what == last ? typed.reset() : void(); };
+            onSlider.react = [&] (const juce::String& what) { what == last ? slider.reset() : void(); };
+            slider->setTrackBounds (0, 0, 10, 10, true);
+            typed->setConvertStringToParam ([] (const juce::String&) { return 1.0f; });
+            onKnob.play (script);
+            typed->textEditFinished ("any");
+            onSlider.play (script);
+            EXPECT_TRUE (knob == nullptr && typed == nullptr && slider == nullptr) << last << script;
+        }
+}
+
+}   // namespace
