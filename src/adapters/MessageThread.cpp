@@ -63,7 +63,10 @@ private:
 
 std::mutex mutex;   // of all below
 int numUsers = 0;
-std::unique_ptr<OwnThread> ownThread;
+
+// Not destroyed at the end of the process: a host may end by exit() with plug-ins in place, on any thread, this one included.
+auto& ownThread = *new std::unique_ptr<OwnThread>;
+
 Relaxed<bool> hostRunsEvents = false;
 
 /** Runs what is posted already, on the thread that ends the toolkit. */
