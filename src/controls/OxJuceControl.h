@@ -71,7 +71,7 @@ public:
     void mouseEnter (const juce::MouseEvent& event) override;
     void setVisible (bool shouldBeVisible) override;
 
-    bool inverted = false;            // shows 1 minus the parameter
+    Relaxed<bool> inverted = false;   // shows 1 minus the parameter
     bool showsParameterText = true;   // tells the editor when the pointer comes
     Relaxed<bool> dimsWhenLocked = true;
     Relaxed<float> lockedOpacity = 0.5f, normalOpacity = 1.0f;
