@@ -11,7 +11,7 @@ void changeInOneGesture (OxJuceControl& control, float amount)
     if (isOwn)
         control.beginChange();
 
-    if (alive != nullptr && ! control.isLocked())
+    if (alive != nullptr && control.isChanging())
         control.setValue (control.getValue() + amount, true);
 
     if (alive != nullptr && isOwn)

@@ -86,7 +86,7 @@ void OxJuceButton::mouseDown (const juce::MouseEvent& event)
     const juce::WeakReference<juce::Component> self (this);
     beginChange();
 
-    if (self != nullptr && ! isLocked())
+    if (self != nullptr && isChanging())   // unless a listener has ended the gesture already
         setValue (getState() == 0 ? 1.0f : 0.0f, true);
 }
 

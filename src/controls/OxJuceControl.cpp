@@ -138,10 +138,17 @@ void OxJuceControl::setLocked (bool shouldBeLocked)
     if (shouldBeLocked == locked)
         return;
 
+    const juce::WeakReference<juce::Component> self (this);
     abortChange();
+
+    if (self == nullptr)
+        return;
+
     locked = shouldBeLocked;
     lockChanged();
-    repaint();
+
+    if (self != nullptr)
+        repaint();
 }
 
 float OxJuceControl::getOpacity() const

@@ -13,7 +13,8 @@
 class OxJuceControl : public OxOglChildComponent
 {
 public:
-    /** Hears of a control. It may remove itself, or delete the control, from inside a call. */
+    /** Hears of a control. It may remove itself, or, once it has taken the control from its parent, delete it, from inside a
+        call. */
     class Listener
     {
     public:

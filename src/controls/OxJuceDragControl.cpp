@@ -147,8 +147,8 @@ void OxJuceDragControl::mouseDoubleClick (const juce::MouseEvent& event)
     const juce::WeakReference<juce::Component> self (this);
     beginChange();
 
-    if (self != nullptr)
-        startEdit (isLocked(), getEditText());
+    if (self != nullptr && isChanging())
+        startEdit (false, getEditText());
 }
 
 void OxJuceDragControl::textEditFinished (const juce::String& text)

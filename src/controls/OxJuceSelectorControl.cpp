@@ -83,8 +83,8 @@ void OxJuceSelectorControl::open()
     const juce::WeakReference<juce::Component> self (this);
     beginChange();
 
-    if (self == nullptr)
-        return;
+    if (self == nullptr || ! isChanging() || editor != owner)
+        return;   // a listener has thought otherwise
 
     m_btnPopupBackground.setBounds (owner->getLocalBounds());
     m_btnPopupBackground.addListener (this);
@@ -137,7 +137,7 @@ void OxJuceSelectorControl::lockChanged()
 void OxJuceSelectorControl::refresh()
 {
     // A list is not left behind by the box that it belongs to.
-    if (! isVisible() && isOpen())
+    if (isOpen() && ! isShowing())
         close();
 }
 

@@ -69,11 +69,12 @@ juce::Point<int> OxJuceSlider::getHalfThumb() const
 void OxJuceSlider::setValueFromMouse (const juce::MouseEvent& event)
 {
     const juce::WeakReference<juce::Component> self (this);
+    const auto wasChanging = isChanging();
 
     if (const auto wanted = getValueAt (event))
         setValue (*wanted, true);
 
-    if (self == nullptr)
+    if (self == nullptr || (wasChanging && ! isChanging()))
         return;
 
     actsForOther() ? resetOnClick (event) : OxJuceControl::resetOnClick (event);

@@ -155,6 +155,9 @@ void OxJuceEditorBase::controlValueChanged (OxJuceControl& control)
     {
         record.editedByGui = true;
         processorBase.setParamUndoable (id, value, true);
+
+        if (! control.isChanging())   // a change outside a gesture leaves none open at the host
+            controlGestureEnd (control);
     }
 
     if (id == processorBase.getProfilingParam())
