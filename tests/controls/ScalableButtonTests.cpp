@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ControlRig.h"
-#include "Mouse.h"
 #include "controls/OxJuceScalableButton.h"
-#include "gui/Pictures.h"
 #include "metering/OxJuceMultiGradient.h"
 
 namespace
@@ -112,19 +110,23 @@ TEST (ScalableButtonTest, DrawsTheGradientOfItsStateAndOverItThatOfTheOverlay)
     EXPECT_EQ (rig.allocationsOfAFrame(), 0);
 }
 
-TEST (ScalableButtonTest, DropsALabelThatDoesNotFit)
+TEST (ScalableButtonTest, ShowsTheLabelOfItsStateIfItFits)
 {
     ScalableRig rig (40, 20);
+    rig.button.setLabel ("Hill", 1);
+    EXPECT_TRUE (rig.button.solid) << "with no picture";
     rig.button.setStripImage (juce::Image (juce::Image::ARGB, kSize, kSize, true), 0, 0);
-    const auto isInked = [&rig] (const char* text, int fontSize)
+    const auto isInked = [&rig] (const char* text, int fontSize, float value)
     {
-        rig.button.setLabel (text, 4);
+        rig.button.setLabel (text, 1);
         rig.button.setFont (rig.editor->surface.getFont (fontSize));
+        rig.button.setValue (value, false);
         return difference (painted (40, 20, [] (auto&) {}), rig.picture()).numPixels > 0;
     };
-    EXPECT_TRUE (isInked ("Hill", 14) && ! isInked ("Hill and dale", 14) && ! isInked ("H", 28));
+    EXPECT_TRUE (isInked ("Hill", 14, 1.0f) && ! isInked ("Hill", 14, 0.0f));
+    EXPECT_TRUE (! isInked ("Hill and dale", 14, 1.0f) && ! isInked ("H", 28, 1.0f));
     rig.button.drawsOversizeLabel = true;
-    EXPECT_TRUE (isInked ("Hill and dale", 14));
+    EXPECT_TRUE (isInked ("Hill and dale", 14, 1.0f));
 }
 
 }   // namespace

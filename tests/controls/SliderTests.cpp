@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/OxJuceSlider.h"
 
-#include "Hand.h"
+#include "ControlRig.h"
+#include "controls/OxJuceButton.h"
 
 namespace
 {
 
-using Box = juce::Rectangle<int>;
 constexpr auto horizontal = OxJuceSlider::Orientation::horizontal, vertical = OxJuceSlider::Orientation::vertical;
 
 /** With a grey thumb, 11 pixels wide and 9 high. */
@@ -20,7 +20,6 @@ struct Slider : OxJuceSlider
         setTrackBounds (20, 10, 100, 10, true);
     }
 
-    using OxJuceSlider::getFadeStartTime;
     using OxJuceSlider::stepThumbFade;
 };
 
@@ -61,58 +60,21 @@ TEST (SliderTest, StaysLitForFiftyMillisecondsAndDimsForTwoHundred)
          { std::pair (991, 1.0f), { 1050, 1.0f }, { 1100, 0.75f }, { 1249, 0.005f }, { 1250, 0.0f } })
         EXPECT_NEAR (slider.stepThumbFade (juce::Time (now)), light, 1.0e-6f) << now;
 
-    EXPECT_EQ (slider.getFadeStartTime(), juce::Time());
     hand.play ("lock | enter");
     EXPECT_EQ (slider.stepThumbFade (juce::Time (1300)), 0.0f);
 }
 
-TEST (SliderTest, DrawsTrackBarAndThumbTheSameByBothRenderers)
+TEST (SliderTest, MovesItsParameterInTheWindowAsAButtonDoesUnlessTheHostTakesTheMouse)
 {
-    ControlRig rig (80, 60);
-    Slider slider;
-    rig.add (slider);
-    slider.trackColour = juce::Colour (0xff202020);
-    slider.barColour = juce::Colour (0xff402000);
-    slider.barColourAtOne = juce::Colour (0xff40a000);
-    slider.thumbOffset = juce::Point (1, 2);
-
-    for (const auto& [orientation, bipolar, inverted, value, bar, thumb] : {
-             std::tuple (horizontal, false, false, 0.25f, Box (15, 10, 10, 10), Box (20, 12, 11, 9)),
-             { horizontal, false, true, 0.25f, { 25, 10, 30, 10 }, { 20, 12, 11, 9 } },
-             { horizontal, true, false, 0.75f, { 35, 10, 10, 10 }, { 40, 12, 11, 9 } },
-             { vertical, false, false, 0.25f, { 15, 40, 10, 10 }, { 16, 37, 11, 9 } },
-             { vertical, false, true, 0.25f, { 15, 10, 10, 30 }, { 16, 37, 11, 9 } },
-             { vertical, true, true, 0.25f, { 15, 30, 10, 10 }, { 16, 37, 11, 9 } },
-         })
-    {
-        const Box track = orientation == horizontal ? Box (15, 10, 40, 10) : Box (15, 10, 10, 40);
-        slider.bipolar = bipolar;
-        slider.inverted = inverted;
-        slider.setTrackBounds (track, true);
-        slider.setValue (value, false);
-        const auto barColour = value < 0.5f ? juce::Colour (0xff404000) : juce::Colour (0xff408000);
-        const auto thumbColour = juce::Colours::grey.withAlpha (0.8f);
-        expectPatches (rig, slider, { { slider.trackColour, track }, { barColour, bar }, { thumbColour, thumb } });
-    }
-
-    EXPECT_EQ (rig.allocationsOfAFrame(), 0);
-    rig.editor.reset();
-}
-
-TEST (SliderTest, MovesItsParameterInTheWindowUnlessTheHostTakesTheMouse)
-{
-    struct Host : EditorMouseListener
-    {
-        bool hostMouseDown (const juce::MouseEvent&, int) override { return true; }
-        bool hostMouseDrag (const juce::MouseEvent&, int) override { return true; }
-        bool hostMouseUp (const juce::MouseEvent&, int) override { return true; }
-    } host;
     ControlRig rig (200, 60);
     Slider gain, other;
+    OxJuceButton button ("button");
     const auto& record = rig.parameter (duoJudge::SendGain);
+    button.setBounds (150, 10, 30, 20);
+    button.attach (duoJudge::ToggleAB, rig.editor.get());
     gain.attach (duoJudge::SendGain, rig.editor.get());
     other.attach (kNoParam, rig.editor.get());
-    rig.add (gain);
+    rig.add (gain), rig.add (button);
     rig.move ({ 40, 15 });
     rig.move ({ 40, 15 }, juce::ModifierKeys::leftButtonModifier);
     EXPECT_TRUE (record.editedByGui);
@@ -124,7 +86,14 @@ TEST (SliderTest, MovesItsParameterInTheWindowUnlessTheHostTakesTheMouse)
     other.otherParameterId = duoJudge::SendGain;
     EXPECT_EQ (Hand (other).play ("press 15 0 reset"), "< 0.1 0.5") << "the default of the parameter for which it acts";
 
-    rig.editor->addHostMouseListener (host);
+    rig.told.clear();
+    rig.click ({ 190, 20 });   // beside the button
+    rig.click ({ 160, 20 });
+    rig.editor->addHostMouseListener (rig);
+    rig.click ({ 160, 20 });
+    EXPECT_EQ (rig.told, "3< 3=1 3> ");
+    rig.setParamDirect (duoJudge::ToggleAB, 0.0f, true);   // automation
+    EXPECT_TRUE (pumpUntil ([&] { return button.getState() == 0; }));
     gain.attach (duoJudge::ToggleAB, rig.editor.get());
     EXPECT_EQ (Hand (gain).play ("press 15 0 | drag 25 0 | release | wheel 1 0"), "");
     gain.attach (kNoParam, rig.editor.get());

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "GlCounter.h"
-#include "Pictures.h"
-#include "SurfaceRig.h"
+#include "controls/ControlRig.h"
 #include "gui/OxJuceOglGridComponent.h"
 
 namespace
 {
 
-struct GridRig : SurfaceRig
+struct GridRig : ControlRig
 {
     GridRig()
     {
@@ -18,59 +16,36 @@ struct GridRig : SurfaceRig
     }
     ~GridRig() override { editor = nullptr; }
 
-    void frameBegins() override { GlCounter::passesOn = ! drawsNowhere; }
-    void frameEnds() override { GlCounter::passesOn = true; }
-
     OxJuceOglGridComponent grid { "Grid" };
-    Relaxed<bool> drawsNowhere = false;
 };
 
 TEST (GridSurfaceTest, DrawsBackgroundThenExtrasThenMainComponentsEachInItsPlace)
 {
     GridRig rig;
-    OxJuceOglGridComponent inner;
     const auto filled = [] (juce::Colour colour)
-    {
-        return [colour] (Sketch& s)
-        {
-            s.colour() = colour;
-            s.drawFilledRect (s.getDrawnLocalBounds());
-        };
-    };
+    { return [colour] (Sketch& s) { s.colour() = colour, s.drawFilledRect (s.getDrawnLocalBounds()); }; };
     Sketch background ({ 1, 2, 3, 3 }, filled (juce::Colours::blue)),
-        onIt ({ 2, 3, 50, 9 }, filled (juce::Colours::white)),
-        plainChild ({ 0, 12, 40, 9 }, filled (juce::Colours::grey)),
-        extra ({ 0, 0, 7, 30 }, filled (juce::Colours::red)), main ({ 0, 0, 9, 9 }, filled (juce::Colours::lime)),
-        hidden ({ 0, 0, 9, 9 }, filled (juce::Colours::pink));
+        onIt ({ 2, 3, 50, 9 }, filled (juce::Colours::white)), extra ({ 0, 0, 7, 30 }, filled (juce::Colours::red)),
+        main ({ 0, 0, 9, 9 }, filled (juce::Colours::lime)), hidden ({ 0, 0, 9, 9 }, filled (juce::Colours::pink));
     juce::Component plain;
     plain.setBounds (5, 0, 1, 1);
-    plain.addAndMakeVisible (plainChild);
-    background.addAndMakeVisible (onIt), background.addAndMakeVisible (plain);
-    onIt.setOglComponent (rig.editor.get()), plainChild.setOglComponent (rig.editor.get());
-    rig.grid.setCellAlignment (0, 0, 5);
+    plain.addAndMakeVisible (onIt), background.addAndMakeVisible (plain);
+    onIt.setOglComponent (rig.editor.get());
+    rig.grid.setCellAlignment (0, 0, 5), rig.grid.setCellAlignment (1, 0, 6);
     rig.grid.setCellComponent (0, 0, &main);
-    rig.grid.setCellComponent (1, 0, &inner);
-    inner.setNumColumns (1), inner.setNumRows (1), inner.setAutoLayout (true);
-    inner.setCellAlignment (0, 0, 6);
-    inner.setCellExtraComponent (0, 0, &extra, false, true);
+    rig.grid.setCellExtraComponent (1, 0, &extra, false, true);
     rig.grid.setCellExtraComponent (0, 0, &hidden, false, false);
     rig.grid.setBackgroundComponent (&background, false, true);
-    const auto expected = painted (80, 60,
-                                   [] (juce::Graphics& g)
-                                   {
-                                       for (const auto& [colour, area] :
-                                            { std::pair (juce::Colours::blue, juce::Rectangle (5, 4, 60, 40)),
-                                              { juce::Colours::white, { 7, 7, 50, 9 } },
-                                              { juce::Colours::grey, { 10, 16, 40, 9 } },
-                                              { juce::Colours::lime, { 15, 18, 9, 9 } },
-                                              { juce::Colours::red, { 57, 7, 7, 30 } } })
-                                           g.setColour (colour), g.fillRect (area);
-                                   });
+    juce::Image expected (juce::Image::RGB, 80, 60, true);
+
+    for (const auto& [colour, area] : { std::pair (juce::Colours::blue, juce::Rectangle (5, 4, 60, 40)),
+                                        { juce::Colours::white, { 12, 7, 50, 9 } },
+                                        { juce::Colours::lime, { 15, 18, 9, 9 } },
+                                        { juce::Colours::red, { 57, 7, 7, 30 } } })
+        expected.clear (area, colour);
+
     EXPECT_TRUE (looksLike (expected, rig.picture(), 0));
-    rig.drawsNowhere = true;
-    EXPECT_TRUE (rig.frames (2));
-    EXPECT_EQ (rig.allocations, 0);
-    rig.editor = nullptr;
+    EXPECT_EQ (rig.allocationsOfAFrame(), 0);
 }
 
 TEST (GridSurfaceTest, TakesAComponentOutOfAParentThatIsBeingDrawn)
@@ -78,11 +53,7 @@ TEST (GridSurfaceTest, TakesAComponentOutOfAParentThatIsBeingDrawn)
     struct Leaver : Sketch
     {
         using Sketch::Sketch;
-        void parentHierarchyChanged() override
-        {
-            leaves.signal();
-            Sketch::parentHierarchyChanged();
-        }
+        void parentHierarchyChanged() override { leaves.signal(), Sketch::parentHierarchyChanged(); }
 
         juce::WaitableEvent leaves { true };
     };

@@ -1,15 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "SurfaceRig.h"
 #include "gui/GridAlignment.h"
 #include "gui/OxJuceGridComponent.h"
-
-#include <functional>
-
-#include <gtest/gtest.h>
-
-namespace juce
-{
-bool dispatchNextMessageOnSystemQueue (bool returnIfNoPendingMessages);
-}
 
 namespace
 {
@@ -18,10 +10,10 @@ using Box = juce::Rectangle<int>;
 
 struct Piece : juce::Component
 {
-    explicit Piece (int& count) : alive (count) { setSize (7, 5), ++alive; }
+    Piece() { setSize (7, 5), ++alive; }
     ~Piece() override { --alive; }
 
-    int& alive;
+    static inline int alive = 0;
 };
 
 /** 100 by 100 pixels, relative tracks, laid out at once. */
@@ -54,9 +46,8 @@ TEST (GridTest, AlignsInSixteenWays)
 
 TEST (GridTest, PutsGapsAndSpansAroundHiddenColumns)
 {
-    int alive = 0;
     Grid grid (4, 3);
-    Piece covered (alive), background (alive);
+    Piece covered, background;
     grid.setCellComponent (1, 0, &covered);
     grid.setBackgroundComponent (&background, false, true);
     grid.setColumnSize (0, 20, true), grid.setColumnHidden (1, true), grid.setColumnSize (2, 40, true);
@@ -80,45 +71,37 @@ TEST (GridTest, PutsGapsAndSpansAroundHiddenColumns)
 
 TEST (GridTest, LaysOutWhenSomethingChangesAndOnlyThen)
 {
-    int alive = 0;
-    Piece piece (alive), extra (alive), parent (alive), late (alive);
+    Piece piece, extra, parent, late;
     Grid grid (2, 2);
     parent.addAndMakeVisible (grid);
     grid.setCellComponent (0, 0, &piece), grid.setCellExtraComponent (0, 0, &extra, false, true);
     grid.setCellComponent (1, 1, &late);
-    const struct
-    {
-        const char* what;
-        std::function<bool()> change;
-        bool answer, laysOut;
-    } rows[] {
+    const std::tuple<const char*, std::function<bool()>, bool, bool> rows[] {
         { "same size", [&] { return grid.setRowSize (0, 100, false); }, true, false },
         { "size", [&] { return grid.setRowSize (0, 10, true); }, true, true },
         { "no row", [&] { return grid.setRowSize (2, 1, true) || grid.setRowSize (-1, 1, true); }, false, false },
-        { "no column", [&] { return grid.setColumnSize (2, 1, true); }, false, false },
+        { "same again", [&] { return grid.setNumRows (2), grid.setCellSpan (0, 0, 1, 1); }, true, false },
+        { "nothing", [&] { return grid.setCellComponent (1, 1, nullptr); }, true, false },
         { "span of none", [&] { return grid.setCellSpan (0, 0, 0, 1); }, false, false },
         { "span too wide", [&] { return grid.setCellSpan (1, 0, 2, 1); }, false, false },
-        { "same span", [&] { return grid.setCellSpan (0, 0, 1, 1); }, true, false },
         { "span", [&] { return grid.setCellSpan (0, 0, 1, 2); }, true, true },
         { "spans elsewhere", [&] { return grid.resetCellSpans (1, 0, 1, 2); }, true, false },
         { "spans", [&] { return grid.resetCellSpans (0, 0, 2, 2); }, true, true },
         { "alignment", [&] { return grid.setRowAlignment (0, 9) && grid.setColumnAlignment (0, 5); }, true, true },
-        { "nothing", [&] { return grid.setCellComponent (1, 1, nullptr); }, true, false },
         { "no cell", [&] { return grid.setCellComponent (1, 2, &late); }, false, false },
         { "itself", [&] { return grid.setCellComponent (1, 1, &grid); }, false, false },
         { "its parent", [&] { return grid.setCellComponent (1, 1, &parent); }, false, false },
         { "component", [&] { return grid.setCellComponent (1, 0, &late); }, true, true },
-        { "same count", [&] { return grid.setNumRows (2), grid.setNumColumns (-1), true; }, true, false },
         { "no insertion", [&] { return grid.insertRow (3) || grid.removeColumn (2); }, false, false },
         { "insertion", [&] { return grid.insertRow (2) && grid.insertColumn (2); }, true, true },
         { "resize", [&] { return grid.setSize (50, 60), true; }, true, true }
     };
 
-    for (const auto& row : rows)
+    for (const auto& [what, change, answer, laysOut] : rows)
     {
         piece.setBounds (99, 98, 7, 5);   // where no layout puts it
-        EXPECT_EQ (row.change(), row.answer) << row.what;
-        EXPECT_EQ (piece.getPosition() != juce::Point (99, 98), row.laysOut) << row.what;
+        EXPECT_EQ (change(), answer) << what;
+        EXPECT_EQ (piece.getPosition() != juce::Point (99, 98), laysOut) << what;
     }
 
     EXPECT_EQ (piece.getBounds(), Box (5, 3, 7, 5)) << "the column's alignment goes before the row's";
@@ -128,7 +111,7 @@ TEST (GridTest, LaysOutWhenSomethingChangesAndOnlyThen)
 
 TEST (GridTest, WalksOfComponentsKeepOneCellAndOneOwnerEach)
 {
-    int alive = 0, most = 0;
+    int most = 0;
     juce::Random random (7);
     {
         Grid grids[] { { 3, 2 }, { 2, 3 } };
@@ -136,8 +119,8 @@ TEST (GridTest, WalksOfComponentsKeepOneCellAndOneOwnerEach)
         for (auto& grid : grids)
             grid.setOwnsComponents (true);
 
-        const auto piece = [&alive] (const Grid& grid, int x, int y)
-        { return grid.getCellRect (x, y).isEmpty() ? nullptr : new Piece (alive); };
+        const auto piece = [] (const Grid& grid, int x, int y)
+        { return grid.getCellRect (x, y).isEmpty() ? nullptr : new Piece; };
         const std::function<void (Grid&, int, int)> changes[] {
             [] (Grid& to, int, int y) { to.insertRow (to.getNumRows() < 4 ? y : -1); },
             [] (Grid& to, int x, int) { to.insertColumn (to.getNumColumns() < 4 ? x : -1); },
@@ -147,7 +130,7 @@ TEST (GridTest, WalksOfComponentsKeepOneCellAndOneOwnerEach)
             [] (Grid& to, int x, int y) { delete to.getCellComponent (x, y); },
             [&] (Grid& to, int x, int y) { to.setCellComponent (x, y, piece (to, x, y)); },
             [&] (Grid& to, int x, int y) { to.setCellExtraComponent (x, y, piece (to, x, y), true, true); },
-            [&] (Grid& to, int, int) { to.setBackgroundComponent (new Piece (alive), true, true); },
+            [] (Grid& to, int, int) { to.setBackgroundComponent (new Piece, true, true); },
         };
 
         for (int step = 0; step < 20000; ++step)
@@ -161,7 +144,7 @@ TEST (GridTest, WalksOfComponentsKeepOneCellAndOneOwnerEach)
             else
                 changes[random.nextInt (std::size (changes))](to, x, y);
 
-            most = std::max (most, alive);
+            most = std::max (most, Piece::alive);
 
             for (const auto& grid : grids)
             {
@@ -181,23 +164,19 @@ TEST (GridTest, WalksOfComponentsKeepOneCellAndOneOwnerEach)
         }
         EXPECT_GT (most, 8);
     }
-    EXPECT_EQ (alive, 0);
+    EXPECT_EQ (Piece::alive, 0);
 }
 
 TEST (GridTest, GlidesToNewBoundsOnTheAxesThatMove)
 {
-    int alive = 0;
-    Piece piece (alive);
+    Piece piece;
     Grid grid (1, 1);
     grid.setCellComponent (0, 0, &piece);
     grid.setAnimation (true, OxJuceGridComponent::horizontal, 1), grid.setCellMoving (0, 0, true);
     grid.setSize (200, 50);
     EXPECT_EQ (piece.getBounds(), Box (100, 100));
     const auto deliver = []
-    {
-        while (juce::dispatchNextMessageOnSystemQueue (true))
-            continue;
-    };
+    { EXPECT_TRUE (pumpUntil ([] { return ! juce::dispatchNextMessageOnSystemQueue (true); })); };
 
     for (const auto width : { 120, 136, 149 })
     {

@@ -3,13 +3,14 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
-/** How far two pictures are apart: the largest difference of a channel, and how many pixels differ at all. */
+/** How far two pictures are apart: the largest difference of a channel, and how many pixels differ at all. Those are
+    marked in a third, if there is one. */
 struct Difference
 {
     int largest = 0, numPixels = 0;
 };
 
-inline Difference difference (const juce::Image& first, const juce::Image& second)
+inline Difference difference (const juce::Image& first, const juce::Image& second, juce::Image marked = {})
 {
     Difference found;
 
@@ -21,6 +22,9 @@ inline Difference difference (const juce::Image& first, const juce::Image& secon
                                            std::abs (a.getBlue() - b.getBlue()) });
             found.largest = std::max (found.largest, apart);
             found.numPixels += apart > 0;
+
+            if (apart > 0)
+                marked.setPixelAt (x, y, juce::Colours::red);
         }
 
     return found;
@@ -39,15 +43,11 @@ juce::Image painted (int width, int height, Paint&& paint)
 /** Says whether two pictures are the same but for `tolerance` in any channel; if not, writes both and what differs. */
 inline bool looksLike (const juce::Image& expected, const juce::Image& actual, int tolerance = 1)
 {
-    if (expected.getBounds() == actual.getBounds() && difference (expected, actual).largest <= tolerance)
-        return true;
-
     juce::Image apart (juce::Image::RGB, actual.getWidth(), actual.getHeight(), true);
+    const auto found = difference (expected, actual, apart);
 
-    for (int y = 0; y < apart.getHeight(); ++y)
-        for (int x = 0; x < apart.getWidth(); ++x)
-            if (expected.getPixelAt (x, y) != actual.getPixelAt (x, y))
-                apart.setPixelAt (x, y, juce::Colours::red);
+    if (expected.getBounds() == actual.getBounds() && found.largest <= tolerance)
+        return true;
 
     const auto folder = juce::File::getSpecialLocation (juce::File::tempDirectory).getChildFile ("duojudge-pictures");
     folder.createDirectory();

@@ -106,13 +106,3 @@ TEST (ImagesTest, HaveTheirSizeAndSheetsAllTheirInkInCells)
         EXPECT_FALSE (lift (sheet, { 0, 0, picture.width, picture.height })) << "ink outside all cells";
     }
 }
-
-TEST (GlyphTableTest, RowsOfTheTenPointSheetLieSeventeenPixelsApart)
-{
-    const auto& table = *findGlyphTable ("FONT_FontText10_png");
-    EXPECT_EQ (at (table, 'a').left, 0);
-    EXPECT_EQ (at (table, 'b').left, at (table, 'a').right);
-
-    for (const auto& cell : table)
-        EXPECT_TRUE (cell.bottom == 0 || (cell.top - 1) % 17 == 0);
-}

@@ -1,39 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "Mouse.h"
-#include "controls/OxJuceLines.h"
+#include "ControlRig.h"
 #include "controls/OxJuceResizableCornerComponent.h"
-#include "gui/Pictures.h"
-#include "gui/SurfaceRig.h"
 
 namespace
 {
 
 using Area = juce::Rectangle<int>;
-
-TEST (LinesTest, DrawsUprightAndLevelStretchesAsRowsOfPixels)
-{
-    const juce::Point<float> left { 0.1f, 0.5f }, right { 0.9f, 0.5f }, top { 0.2f, 0.1f }, bottom { 0.2f, 0.9f };
-    SurfaceRig rig (150, 50);
-
-    for (const auto& [from, to, strip] : { std::tuple (left, right, Area (15, 25, 120, 1)),
-                                           { right, left, { 15, 24, 120, 1 } },
-                                           { top, bottom, { 30, 5, 1, 40 } },
-                                           { bottom, top, { 29, 5, 1, 40 } },
-                                           { left, left, {} } })
-    {
-        OxJuceLines lines;
-        lines.setBounds (0, 0, 150, 50);
-        lines.addPoint (from.x, from.y, juce::Colours::skyblue);
-        rig.add (lines);
-        EXPECT_TRUE (looksLike (painted (150, 50, [] (auto&) {}), rig.picture())) << "one point";
-        lines.addPoint (to.x, to.y, juce::Colours::skyblue);
-        juce::Image expected (juce::Image::RGB, 150, 50, true);
-        expected.clear (strip, juce::Colours::skyblue);
-        EXPECT_TRUE (looksLike (expected, rig.picture())) << strip.toString();
-        EXPECT_TRUE (looksLike (expected, painted (150, 50, [&] (auto& g) { lines.paint (g); })));
-        rig.editor->surface.removeChildComponent (&lines);
-    }
-}
 
 struct Grip : OxJuceResizableCornerComponent
 {

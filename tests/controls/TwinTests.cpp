@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a control draws on the surface, and what its twin paints, are the same and what they are meant to be.
+#include "ControlRig.h"
+#include "controls/OxJuceButton.h"
+#include "controls/OxJuceDragControl.h"
+#include "controls/OxJuceLines.h"
+#include "controls/OxJuceSlider.h"
+#include "controls/OxJuceTextEdit.h"
+#include "metering/OxJuceMultiGradient.h"
+
+namespace
+{
+
+using juce::Colour;
+using Box = juce::Rectangle<int>;
+using Patches = std::vector<std::pair<Colour, Box>>;   // on black
+
+struct TwinTest : testing::Test
+{
+    ~TwinTest() override { rig.editor = nullptr; }
+
+    void show (OxOglChildComponent& control, const std::optional<Patches>& patches)
+    {
+        rig.add (control);
+        const auto shown = rig.picture();
+        const auto twin = [&] (auto& g) { g.setOrigin (control.getPosition()), control.paint (g); };
+        const auto wanted = [&] (auto& g)
+        {
+            for (const auto& [colour, area] : *patches)
+                g.setColour (colour), g.fillRect (area);
+        };
+        EXPECT_TRUE (looksLike (painted (80, 60, twin), shown)) << control.getTypeName();
+        EXPECT_TRUE (! patches || looksLike (painted (80, 60, wanted), shown));
+        EXPECT_EQ (rig.allocationsOfAFrame(), 0);
+        rig.editor->surface.removeChildComponent (&control);
+    }
+
+    ControlRig rig;
+};
+
+TEST_F (TwinTest, AButtonShowsItsFillOrPicture)
+{
+    const Box box (5, 4, 12, 7), inside = box.reduced (1);
+    const Colour fill { 0xff336699 }, dimmed { 0xff1a334d }, paint { 200, 100, 60 };
+    juce::Image picture (juce::Image::ARGB, 12, 7, true);
+    picture.clear (picture.getBounds().reduced (1), paint);
+    OxJuceButton button ("button"), ground ("ground");
+    button.setBounds (box), ground.setBounds (box);
+    show (button, Patches());
+    button.setStateFill (Colour (0x80ffff00), 4);
+    show (button, Patches { { Colour (0xff808000), box } });
+    button.setStateFill (fill, 1), button.setValue (0.2f, false);
+    show (button, Patches { { fill, box } });
+    button.setEnabled (false);
+    show (button, Patches { { dimmed, box } });
+    button.setEnabled (true), button.setLocked (true);
+    show (button, Patches { { dimmed, box } });
+    button.dimsWhenLocked = button.solid = false;
+    button.setImage (picture, 1);
+    show (button, Patches { { paint, inside } });
+    button.setTintColour (Colour (0xff0080ff), 1);
+    show (button, Patches { { Colour (0, 50, 60), inside } });
+    ground.showsBackground = true, ground.setLocked (true);
+    show (ground, Patches { { Colour (0xff404040), box } });
+}
+
+TEST_F (TwinTest, AKnobShowsTheFrameOfItsValueAndAnotherStripWhileHeld)
+{
+    juce::Image resting (juce::Image::ARGB, 6, 8, true), held (juce::Image::RGB, 6, 8, true);
+    resting.clear ({ 0, 0, 6, 4 }, juce::Colours::red);
+    resting.clear ({ 0, 4, 6, 4 }, juce::Colours::white);
+    held.clear ({ 0, 4, 6, 4 }, juce::Colours::blue);
+    OxJuceDragControl knob ("knob");
+    knob.setBounds (10, 20, 6, 4);
+    knob.setFrames (2, true);
+    knob.setImage (resting, 0), knob.setImage (held, 1);
+
+    for (const auto& [value, colour] :
+         { std::pair (0.49f, juce::Colours::red), { 0.5f, juce::Colours::white }, { 1.0f, juce::Colours::white } })
+    {
+        knob.setValue (value, false);
+        show (knob, Patches { { colour, knob.getBounds() } });
+    }
+
+    knob.beginChange();
+    show (knob, Patches { { juce::Colours::blue, knob.getBounds() } });
+    knob.endChange();
+    knob.tint = Colour (0xff80ff40), knob.tinted = true, knob.setLocked (true);
+    show (knob, Patches { { Colour (0xff408020), knob.getBounds() } });
+}
+
+TEST_F (TwinTest, ASliderShowsTrackBarAndThumb)
+{
+    constexpr auto level = OxJuceSlider::Orientation::horizontal, upright = OxJuceSlider::Orientation::vertical;
+    const auto grey = juce::Colours::grey;
+    juce::Image thumbImage (juce::Image::RGB, 11, 9, false);
+    thumbImage.clear (thumbImage.getBounds(), grey);
+    OxJuceSlider slider ("slider");
+    slider.setImage (thumbImage, 0);
+    slider.trackColour = Colour (0xff202020);
+    slider.barColour = Colour (0xff402000), slider.barColourAtOne = Colour (0xff40a000);
+    slider.thumbOffset = juce::Point (1, 2);
+
+    for (const auto& [orientation, bipolar, inverted, value, bar, thumb] : {
+             std::tuple (level, false, false, 0.25f, Box (15, 10, 10, 10), Box (20, 12, 11, 9)),
+             { level, false, true, 0.25f, { 25, 10, 30, 10 }, { 20, 12, 11, 9 } },
+             { level, true, false, 0.75f, { 35, 10, 10, 10 }, { 40, 12, 11, 9 } },
+             { upright, false, false, 0.25f, { 15, 40, 10, 10 }, { 16, 37, 11, 9 } },
+             { upright, false, true, 0.25f, { 15, 10, 10, 30 }, { 16, 37, 11, 9 } },
+             { upright, true, true, 0.25f, { 15, 30, 10, 10 }, { 16, 37, 11, 9 } },
+         })
+    {
+        const Colour barColour { value < 0.5f ? 0xff404000 : 0xff408000 };
+        const Box track = orientation == level ? Box (15, 10, 40, 10) : Box (15, 10, 10, 40);
+        slider.bipolar = bipolar, slider.inverted = inverted;
+        slider.setTrackBounds (track, true);
+        slider.setValue (value, false);
+        show (slider, Patches { { slider.trackColour, track }, { barColour, bar }, { grey.withAlpha (0.8f), thumb } });
+    }
+}
+
+TEST_F (TwinTest, LinesReachFromPointToPointAsRowsOfPixels)
+{
+    for (const auto& [x, y, endX, endY, strip] : { std::tuple (0.1f, 0.5f, 0.9f, 0.5f, Box (8, 30, 64, 1)),
+                                                   { 0.9f, 0.5f, 0.1f, 0.5f, { 8, 29, 64, 1 } },
+                                                   { 0.2f, 0.1f, 0.2f, 0.9f, { 16, 6, 1, 48 } },
+                                                   { 0.2f, 0.9f, 0.2f, 0.1f, { 15, 6, 1, 48 } },
+                                                   { 0.1f, 0.5f, 0.1f, 0.5f, {} } })
+    {
+        OxJuceLines lines;
+        lines.setBounds (0, 0, 80, 60);
+        lines.addPoint (x, y, juce::Colours::skyblue);
+        show (lines, Patches());
+        lines.addPoint (endX, endY, juce::Colours::skyblue);
+        show (lines, Patches { { juce::Colours::skyblue, strip } });
+    }
+}
+
+TEST_F (TwinTest, AGradientFillsFromTheFirstStopToTheLastAndATextFieldItsBox)
+{
+    for (const bool across : { false, true })
+    {
+        OxJuceMultiGradient gradient;
+        gradient.horizontal = across;
+        gradient.setBounds (0, 0, 50, 50);
+        gradient.addStop (0.2f, Colour (0xff404040));
+        show (gradient, Patches());
+        gradient.addStop (0.8f, Colour (0xff151515)), gradient.addStop (0.4f, Colour (0xff504040));
+        auto expected = painted (80, 60, [&] (auto& g) { gradient.paint (g); });
+
+        for (const int clear : { 0, 40 })   // where the twin goes on
+            expected.clear (across ? Box (clear, 0, 10, 50) : Box (0, clear, 50, 10));
+
+        rig.add (gradient);
+        EXPECT_TRUE (looksLike (expected, rig.picture(), 2));
+        rig.editor->surface.removeChildComponent (&gradient);
+    }
+
+    OxJuceTextEdit field ("field");
+    field.setBounds (10, 10, 60, 16);
+    field.boxColour = Colour (0x80c04020), field.backgroundColour = juce::Colours::lime;
+    field.showsBackground = true;
+    field.lockedOpacity = 0.25f;
+    field.setLocked (true);
+    show (field, std::nullopt);
+}
+
+}   // namespace
