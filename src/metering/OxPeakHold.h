@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <juce_core/juce_core.h>
+
+/** The marker that a meter leaves at its peak: it stays for a while, and then falls at a constant rate in dB. For one thread
+    at a time; the moments come from whoever asks. */
+struct OxPeakHold
+{
+    static constexpr float kForEver = -1.0f;   // as `holdSeconds`: never falls
+
+    /** Starts below everything, and falling. */
+    void reset (juce::Time now);
+
+    /** Takes a level that goes beyond what is held; any other, or what is no number, changes nothing. */
+    void feed (float levelDb, juce::Time now);
+
+    /** Lets the marker fall up to this moment. @returns where it stands, in dB */
+    float read (juce::Time now);
+
+    float value = -1000.0f;   // dB
+    juce::Time lastTime;      // of the last change of `value`
+    bool falling = true;
+    float fallRateDbPerSecond = 40.0f / 3.0f;
+    float direction = 1.0f;   // -1 holds the lowest level and lets it rise
+    float holdSeconds = 2.0f;
+};
