@@ -46,6 +46,7 @@ private:
         const juce::Point place (words[1].getFloatValue(), words[2].getFloatValue());
         const auto keys = words[3] == "fine"    ? juce::ModifierKeys::shiftModifier
                           : words[3] == "reset" ? juce::ModifierKeys::ctrlModifier
+                          : words[3] == "alt"   ? juce::ModifierKeys::altModifier
                                                 : 0;
         const juce::MouseEvent event (juce::Desktop::getInstance().getMainMouseSource(), place, keys, 0.0f, 0.0f, 0.0f,
                                       0.0f, 0.0f, &control, &control, {}, place, {}, 1, false);
