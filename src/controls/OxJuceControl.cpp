@@ -30,6 +30,9 @@ OxJuceControl::~OxJuceControl()
 
 void OxJuceControl::attach (int newId, OxJuceEditorBase* newOwner)
 {
+    if (auto* const previous = editor.get(); previous != nullptr && previous != newOwner)
+        leave (*previous);
+
     parameterId = newId;
     setOglComponent (newOwner);
 
@@ -46,6 +49,14 @@ void OxJuceControl::attach (int newId, OxJuceEditorBase* newOwner)
     const auto shown = [this] (float stored) { return inverted ? 1.0f - stored : stored; };
     setValue (shown (record.value), false);
     defaultValue = inUnitRange (shown (record.defaultValue));
+}
+
+void OxJuceControl::leave (OxJuceEditorBase& owner)
+{
+    removeListener (&owner);
+
+    if (std::exchange (parameterId, kNoParam) != kNoParam)
+        owner.bindControl (*this);
 }
 
 // Listeners -----------------------------------------------------------------------------------------------------------

@@ -29,7 +29,7 @@ public:
     ~OxJuceControl() override;
 
     /** Binds the control to a parameter and an editor, who listens from here on, and takes the parameter's value and
-        default. An inverted control is marked as such before.
+        default. An editor that it leaves forgets it. An inverted control is marked as such before.
         @param newId   `kNoParam` for no parameter
         @param newOwner null for none */
     void attach (int newId, OxJuceEditorBase* newOwner);
@@ -101,6 +101,7 @@ private:
     template <typename Notification>
     void notifyListeners (Notification&& notify);
 
+    void leave (OxJuceEditorBase& owner);
     bool isOnProTools() const;
     bool isOfferedToHost() const;
 

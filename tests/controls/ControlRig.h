@@ -60,6 +60,7 @@ private:
         };
         static const std::map<juce::String, int> keys { { "fine", juce::ModifierKeys::shiftModifier },
                                                         { "reset", juce::ModifierKeys::ctrlModifier },
+                                                        { "alt", juce::ModifierKeys::altModifier },
                                                         { "", 0 } };
         const juce::Point place (words[1].getFloatValue(), words[2].getFloatValue());
         const auto event = mouseAt (control, place, keys.at (words[3]));

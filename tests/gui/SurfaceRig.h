@@ -100,9 +100,10 @@ struct SurfaceRig : Rig
 
     ~SurfaceRig() override { editor.reset(); }
 
+    template <typename Kind = Editor>
     void open (bool rendersAtOnce = true)
     {
-        editor = std::make_unique<Editor> (*this);
+        editor = std::make_unique<Kind> (*this);
         editor->setSize (window.getWidth(), window.getHeight());
         window.addAndMakeVisible (*editor);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "controls/Hand.h"
+#include "controls/ControlRig.h"
 #include "metering/OxJuceScalableDynamicDisplayLevelMeter.h"
 
 namespace
