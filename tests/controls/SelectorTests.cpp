@@ -103,33 +103,4 @@ TEST (SelectorTest, ClosesWithItsGestureWhenItGoesOrIsLocked)
     EXPECT_EQ (rig.editor->surface.getNumChildComponents(), 1) << "the editor's own screen alone is left to draw";
 }
 
-TEST (SelectorTest, LooksLikeItsTwin)
-{
-    ListRig rig;
-    rig.selector->setItems ({ "", "", " " });
-    rig.selector->disableFirstRow();
-    rig.selector->setValue (0.001f, false);
-    rig.open();
-    const auto paintTwin = [&] (juce::Graphics& g)
-    {
-        g.setOrigin (20, 10);
-        rig.selector->paint (g);
-        g.fillAll (juce::Colour (0x64000000));
-        g.setOrigin (0, 15);
-        rig.list().paint (g);
-    };
-
-    for (const auto row : { 0, 1, 2 })
-    {
-        rig.move (rig.row (row));
-        EXPECT_EQ (rig.list().getHoverRow(), row);
-        EXPECT_TRUE (looksLike (painted (200, 120, paintTwin), rig.picture(), 2)) << row;
-    }
-
-    const auto empty = rig.picture();
-    rig.selector->setItems ({ "none", "Drums", "Bass" });
-    EXPECT_GT (difference (empty, rig.picture()).numPixels, 60);
-    EXPECT_EQ (rig.allocationsOfAFrame(), 0);
-}
-
 }   // namespace

@@ -64,31 +64,6 @@ TEST_F (TwinTest, AButtonShowsItsFillOrPicture)
     show (ground, Patches { { Colour (0xff404040), box } });
 }
 
-TEST_F (TwinTest, AKnobShowsTheFrameOfItsValueAndAnotherStripWhileHeld)
-{
-    juce::Image resting (juce::Image::ARGB, 6, 8, true), held (juce::Image::RGB, 6, 8, true);
-    resting.clear ({ 0, 0, 6, 4 }, juce::Colours::red);
-    resting.clear ({ 0, 4, 6, 4 }, juce::Colours::white);
-    held.clear ({ 0, 4, 6, 4 }, juce::Colours::blue);
-    OxJuceDragControl knob ("knob");
-    knob.setBounds (10, 20, 6, 4);
-    knob.setFrames (2, true);
-    knob.setImage (resting, 0), knob.setImage (held, 1);
-
-    for (const auto& [value, colour] :
-         { std::pair (0.49f, juce::Colours::red), { 0.5f, juce::Colours::white }, { 1.0f, juce::Colours::white } })
-    {
-        knob.setValue (value, false);
-        show (knob, Patches { { colour, knob.getBounds() } });
-    }
-
-    knob.beginChange();
-    show (knob, Patches { { juce::Colours::blue, knob.getBounds() } });
-    knob.endChange();
-    knob.tint = Colour (0xff80ff40), knob.tinted = true, knob.setLocked (true);
-    show (knob, Patches { { Colour (0xff408020), knob.getBounds() } });
-}
-
 TEST_F (TwinTest, ASliderShowsTrackBarAndThumb)
 {
     constexpr auto level = OxJuceSlider::Orientation::horizontal, upright = OxJuceSlider::Orientation::vertical;

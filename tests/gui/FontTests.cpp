@@ -139,27 +139,4 @@ TEST (FontTest, GivesNoRoomToWhatHasNoGlyph)
     EXPECT_EQ (none.getHeight(), 0);
 }
 
-TEST (FontTest, LeavesThePendingStateAsItWas)
-{
-    SurfaceRig rig;
-    GlState before, after, untouched;
-    Sketch sketch ({ 0, 0, 80, 60 },
-                   [&] (Sketch& s)
-                   {
-                       auto& pending = s.getSurface()->glState.pending;
-                       OxJuceOglFontUser writer;
-                       writer.setOglComponent (s.getOglEditor());
-                       writer.drawText ({ 0, 0, 80, 20 }, {});
-                       untouched = pending;
-                       before = pending;
-                       s.getSurface()->getFont (10)->draw ({ 0, 0, 80, 20 }, "text", TextJustification::centre);
-                       after = pending;
-                   });
-    rig.add (sketch);
-    EXPECT_TRUE (rig.frames (2));
-    rig.editor->surface.stopRenderThread();
-    EXPECT_EQ (untouched.colour, juce::Colours::white);
-    EXPECT_TRUE (before.texturing == after.texturing && before.colour == after.colour && ! after.texturing);
-}
-
 }   // namespace

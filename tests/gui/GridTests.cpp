@@ -167,29 +167,4 @@ TEST (GridTest, WalksOfComponentsKeepOneCellAndOneOwnerEach)
     EXPECT_EQ (Piece::alive, 0);
 }
 
-TEST (GridTest, GlidesToNewBoundsOnTheAxesThatMove)
-{
-    Piece piece;
-    Grid grid (1, 1);
-    grid.setCellComponent (0, 0, &piece);
-    grid.setAnimation (true, OxJuceGridComponent::horizontal, 1), grid.setCellMoving (0, 0, true);
-    grid.setSize (200, 50);
-    EXPECT_EQ (piece.getBounds(), Box (100, 100));
-    const auto deliver = []
-    { EXPECT_TRUE (pumpUntil ([] { return ! juce::dispatchNextMessageOnSystemQueue (true); })); };
-
-    for (const auto width : { 120, 136, 149 })
-    {
-        grid.advanceMoves();
-        deliver();
-        EXPECT_EQ (piece.getBounds(), Box (width, 50));
-    }
-
-    for (int frame = 0; frame < 30; ++frame)
-        grid.advanceMoves();
-
-    deliver();
-    EXPECT_EQ (piece.getBounds(), grid.getLocalBounds());
-}
-
 }   // namespace
