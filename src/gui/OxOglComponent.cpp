@@ -164,22 +164,12 @@ void OxOglComponent::setupViewport()
     if (! bounds.isEmpty())
     {
         const auto size = bounds.toFloat();
-        const GLfloat toClipSpace[] { 2.0f / size.getWidth(),
-                                      0.0f,
-                                      0.0f,
-                                      0.0f,   //
-                                      0.0f,
-                                      -2.0f / size.getHeight(),
-                                      0.0f,
-                                      0.0f,   //
-                                      0.0f,
-                                      0.0f,
-                                      1.0f,
-                                      0.0f,   //
-                                      -1.0f,
-                                      1.0f,
-                                      0.0f,
-                                      1.0f };
+        // clang-format off
+        const GLfloat toClipSpace[] { 2.0f / size.getWidth(),  0.0f, 0.0f, 0.0f,
+                                      0.0f, -2.0f / size.getHeight(), 0.0f, 0.0f,
+                                      0.0f,  0.0f, 1.0f, 0.0f,
+                                     -1.0f,  1.0f, 0.0f, 1.0f };
+        // clang-format on
         glLoadMatrixf (toClipSpace);
         glTranslatef (-size.getX(), -size.getY(), 0.0f);
     }
