@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "editor/SpecimenEditor.h"
+#include "editor/DuoJudgeEditor.h"
 #include "engine/DuoJudgeProcessor.h"
 
 juce::AudioProcessorEditor* DuoJudgeProcessor::createEditor()
@@ -13,5 +13,5 @@ juce::AudioProcessorEditor* DuoJudgeProcessor::createEditor()
     markChanged (kPersistentIdBase, getNumPersistentParams());
     markChanged (kTransientIdBase, getNumTransientParams());
 
-    return new SpecimenEditor (*this);
+    return new DuoJudgeEditor (*this);
 }
