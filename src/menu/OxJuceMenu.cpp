@@ -233,6 +233,7 @@ void OxJuceMenu::addOptionSwitch (const juce::String& label, int parameterId, Op
 
     auto& item = addItem ("Off", { switchX, cursorY, kSwitchWidth, kTextHeight });
     item.setLabel ("On", 1);
+    item.setTextColour (juce::Colours::black, 1);   // on a bright fill
     makePressable (item);
     item.attach (parameterId, &editor);
     cursorY += kLine;
@@ -246,6 +247,7 @@ void OxJuceMenu::addOptionSelector (const juce::String& label, const juce::Strin
     auto& selector = *selectors.emplace_back (std::make_unique<OxJuceSelectorControl> (label));
     selector.setTextColour (juce::Colours::white);
     selector.setFont (editor.surface.getFont (11));
+    selector.setJustification (TextJustification::left);   // a longer text leaves the label alone
     selector.setFillColour (kListBox);
     selector.setItems (choices);
     selector.attach (parameterId, &editor);

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "framework/Rig.h"
-#include "gui/OxJuceEditorBase.h"
+#include "controls/ControlRig.h"
 #include "platform/Viewer.h"
 
 #include <thread>
@@ -26,10 +25,12 @@ struct MenuRig : Rig
         MenuRig& rig;
     };
 
-    explicit MenuRig (int type = typeVst3, int width = 535) : Rig (2, "/nowhere", type)
+    explicit MenuRig (int type = typeVst3, int width = 535, int height = 267) : Rig (2, "/nowhere", type)
     {
-        editor.setSize (width, 267), editor.menu.setOpen (true);
+        editor.setSize (width, height), setMenu (1.0f);
     }
+
+    void setMenu (float value) { setParamDirect (duoJudge::ShowBaseMenu, value, false), editor.updateGui(); }
 
     template <typename Kind = OxJuceButton>
     std::vector<Kind*> getShown()
@@ -67,9 +68,7 @@ struct MenuRig : Rig
             ASSERT_GE (index, 3) << wanted << " is not in " << text();
             auto& item = *shown[static_cast<std::size_t> (index)];
             EXPECT_EQ (editor.surface.getComponentAt (item.getBounds().getCentre()), &item) << wanted << " is covered";
-            const juce::MouseEvent event (juce::Desktop::getInstance().getMainMouseSource(), {}, {}, 0.0f, 0.0f, 0.0f,
-                                          0.0f, 0.0f, &item, &item, {}, {}, {}, 1, false);
-            item.mouseDown (event), item.mouseUp (event);
+            Hand (item).play ("press 0 0 | release");
         }
     }
 
@@ -113,7 +112,7 @@ private:
 
         send ("HTTP/1.0 200 OK\r\n\r\n" + reply.substring (0, 12));
         juce::Thread::sleep (isSlow ? 500 : 0);
-        send (request.startsWith ("GET /hotlink.php?id=Duo+Judge&version=") ? reply.substring (12) : request);
+        send (request.startsWith ("GET /hotlink.php?id=Duo%20Judge&version=") ? reply.substring (12) : request);
     }
 
     juce::StreamingSocket listener;
