@@ -90,7 +90,7 @@ public:
     virtual bool hasOptionRows() const { return false; }
     virtual void addOptionRows (OxJuceMenu&) {}
 
-    /** Further names for the credits, and lines below them. */
+    /** Further names for the credits, and lines below them, of which `addCreditLinesFirst` adds the upper ones. */
     virtual juce::StringArray getExtraCreditNames() { return {}; }
     virtual void addCreditLines (OxJuceMenu&) {}
     virtual void addCreditLinesFirst (OxJuceMenu&) {}

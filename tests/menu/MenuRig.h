@@ -15,8 +15,7 @@ struct MenuRig : Rig
         bool hasOptionRows() const override { return rig.hasRow; }
         void addOptionRows (OxJuceMenu& m) override
         {
-            rig.hasRow ? m.addOptionSelector ("Row", { "a", "b", "c" }, duoJudge::UseTimestampedPodAudioOverride)
-                       : void();
+            m.addOptionSelector ("Row", { "a", "b", "c" }, duoJudge::UseTimestampedPodAudioOverride);
         }
         juce::StringArray getExtraCreditNames() override { return { "Extra One", "Extra Two" }; }
         void addCreditLines (OxJuceMenu& m) override { m.addText ("second", 13); }
@@ -68,7 +67,7 @@ struct MenuRig : Rig
             ASSERT_GE (index, 3) << wanted << " is not in " << text();
             auto& item = *shown[static_cast<std::size_t> (index)];
             EXPECT_EQ (editor.surface.getComponentAt (item.getBounds().getCentre()), &item) << wanted << " is covered";
-            Hand (item).play ("press 0 0 | release");
+            Hand (item).play ("press 0 0 | release"), editor.updateGui();
         }
     }
 
@@ -84,6 +83,7 @@ class Server
 public:
     explicit Server (const char* reply, bool isSlow = false)
     {
+        ::setenv ("no_proxy", "127.0.0.1", 1);   // NOLINT: this thread alone asks
         EXPECT_TRUE (listener.createListener (0, "127.0.0.1"));
         base << listener.getBoundPort() << "/";
 
@@ -111,7 +111,7 @@ private:
             request += next;
 
         send ("HTTP/1.0 200 OK\r\n\r\n" + reply.substring (0, 12));
-        juce::Thread::sleep (isSlow ? 500 : 0);
+        juce::Thread::sleep (isSlow ? 200 : 0);
         send (request.startsWith ("GET /hotlink.php?id=Duo%20Judge&version=") ? reply.substring (12) : request);
     }
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "MenuRig.h"
+#include "menu/MenuRig.h"
 
 #include "framework/Settings.h"
 #include "menu/HotLinks.h"
-#include "support/ScratchFolders.h"
 
 #include <set>
 
@@ -41,7 +40,7 @@ TEST (MenuTest, FollowsItsParameterAndEveryWayLeadsBack)
     EXPECT_EQ (rig.text(), kMainMenu);
     rig.click ("Credits and Options"), rig.editor.resized();
     EXPECT_EQ (rig.text(), kMainMenu) << "laid out anew";
-    rig.click (" Close "), rig.editor.updateGui();
+    rig.click (" Close ");
     EXPECT_TRUE (rig.getShown().empty() && rig.parameter (ShowBaseMenu).value == 0.0f);
 }
 
@@ -133,9 +132,9 @@ TEST (MenuTest, NamesEverybodyOnceInAnyOrderAndTheFormat)
 TEST (MenuTest, OpensTheManualOrSaysWhereItIsMissing)
 {
     MenuRig rig;
-    const ScratchFolders scratch;
-    const auto manual = scratch.root.getChildFile ("Duo Judge Manual.pdf");
-    writeSettingText ("Install Folder", scratch.root.getFullPathName());
+    const auto folder = platform::getUserDocumentsFolder();
+    const auto manual = folder.getChildFile ("Duo Judge Manual.pdf");
+    writeSettingText ("Install Folder", folder.getFullPathName());
 
     for (const auto& [exists, works] : { std::pair (false, true), { true, false }, { true, true } })
     {
