@@ -8,7 +8,12 @@ using namespace duoJudge;
 
 const ProductNames& getProductNames() noexcept
 {
-    static constexpr ProductNames names { "DuoJudge_1", "DuoJudge", "Duo Judge", "1.1.2.0" };
+    static constexpr ProductNames names {
+        "DuoJudge_1",          "DuoJudge",
+        "Duo Judge",           "1.1.2.0",
+        "ORVEX Audio",         "https://orvex-audio.example/",
+        "orvex-audio.example", "support@orvex-audio.example",
+    };
     return names;
 }
 

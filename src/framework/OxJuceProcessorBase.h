@@ -155,6 +155,7 @@ public:
     /** Saves the parameters as the preset "Default" in the root. @returns whether it is kept */
     bool writeDefaultPreset();
 
+    int getPluginType() const noexcept { return pluginType; }
     const juce::String& getPluginTypeName() const noexcept { return pluginTypeName; }
     const juce::String& getFileDetailsPath() const noexcept { return fileDetailsPath; }
 

@@ -30,6 +30,7 @@ OxJuceEditorBase::OxJuceEditorBase (OxJuceProcessorBase& owner) : AudioProcessor
 
 OxJuceEditorBase::~OxJuceEditorBase()
 {
+    menu.setOpen (false);   // its controls leave their parameters while there is a list of them
     const OxScopedReadWriteLock lock (surface.renderLock, LockMode::write, true, __func__);
 }
 
@@ -82,6 +83,7 @@ void OxJuceEditorBase::updateGui()
 
     const OxJuceProfilerItem::Scope profile (getProfilerItem (profilesUpdateGui));
     syncControlsFromParameters();
+    updateMenuFromParameter();
     updateProductGui();
     processorBase.clearChangedFlags();
 
@@ -96,6 +98,12 @@ void OxJuceEditorBase::syncControlsFromParameters()
     for (auto* const control : boundControls)
         if (const auto id = control->getParameterId(); id != kNoParam)
             control->setValue (inverseIf (control->inverted, processorBase.parameter (id).value), false);
+}
+
+void OxJuceEditorBase::updateMenuFromParameter()
+{
+    if (const auto& record = processorBase.parameter (processorBase.getMenuParam()); record.changed)
+        menu.setOpen (record.value != 0.0f);
 }
 
 void OxJuceEditorBase::showTextOfParameter (int paramId)
@@ -118,6 +126,12 @@ void OxJuceEditorBase::resized()
 {
     surface.setBounds (getBounds());
     surface.setViewportDirty();
+
+    if (menu.isOpen())
+    {
+        menu.setOpen (false);
+        menu.setOpen (true);   // laid out for the new size
+    }
 }
 
 void OxJuceEditorBase::paint (juce::Graphics& graphics)

@@ -6,6 +6,7 @@
 #include "gui/EditorMouseListener.h"
 #include "gui/EditorOverlays.h"
 #include "gui/OxOglComponent.h"
+#include "menu/OxJuceMenu.h"
 
 /** The framework's editor: owns the surface, runs the timer of the GUI, and moves values both ways between the processor's
     parameters and the controls that stand for them.
@@ -76,9 +77,23 @@ public:
     virtual void updateGui();
     virtual void syncControlsFromParameters();
 
+    /** Opens or closes the menu when its parameter has changed. */
+    virtual void updateMenuFromParameter();
+
     /** The product's share of each update, and of each tick of the timer. */
     virtual void updateProductGui() {}
     virtual void onTimerTick() {}
+
+    // What the product adds to the menu ------------------------------------------------------------------------------
+
+    /** @returns whether `addOptionRows` adds rows of its own to the options. */
+    virtual bool hasOptionRows() const { return false; }
+    virtual void addOptionRows (OxJuceMenu&) {}
+
+    /** Further names for the credits, and lines below them, of which `addCreditLinesFirst` adds the upper ones. */
+    virtual juce::StringArray getExtraCreditNames() { return {}; }
+    virtual void addCreditLines (OxJuceMenu&) {}
+    virtual void addCreditLinesFirst (OxJuceMenu&) {}
 
     // juce::Component, juce::Timer
     void paint (juce::Graphics& graphics) override;
@@ -95,6 +110,7 @@ public:
     OxJuceButton m_btnScreenDisablePlugin {
         "m_btnScreenDisablePlugin"
     };   // covers all else while the product is disabled
+    OxJuceMenu menu { *this };
 
 protected:
     /** Ends all drawing and all ticks; the first thing that the most derived destructor does. */

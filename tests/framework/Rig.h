@@ -12,8 +12,8 @@ struct Rig : platform::ScopedCommonProgramFilesFolder,
              juce::AudioProcessorListener,
              juce::AudioPlayHead
 {
-    explicit Rig (int numChannels = 2, const char* folder = "/nowhere") :
-        ScopedCommonProgramFilesFolder (juce::File (folder)), DuoJudgeProcessor (typeVst3)
+    explicit Rig (int numChannels = 2, const char* folder = "/nowhere", int type = typeVst3) :
+        ScopedCommonProgramFilesFolder (juce::File (folder)), DuoJudgeProcessor (type)
     {
         stopTimer();
         setPlayConfigDetails (numChannels, numChannels, 44100.0, 512);

@@ -11,21 +11,21 @@ using namespace Steinberg;
 namespace
 {
 
-constexpr const char* kVendor = "ORVEX Audio";
-
 PClassInfo2 describe (const FUID& cid, const char* category)
 {
     constexpr int32 noFlags = 0;
     TUID id;
     cid.toTUID (id);
-    return PClassInfo2 (id, PClassInfo::kManyInstances, category, "ORVEX DuoJudge", noFlags, "Fx|Other", kVendor,
-                        getProductNames().version, "VST 3.6.5");
+    return PClassInfo2 (id, PClassInfo::kManyInstances, category, "ORVEX DuoJudge", noFlags, "Fx|Other",
+                        getProductNames().maker, getProductNames().version, "VST 3.6.5");
 }
 
 IPtr<CPluginFactory> makeFactory()
 {
-    auto factory = owned (new CPluginFactory (PFactoryInfo (
-        kVendor, "https://orvex-audio.example", "mailto:support@orvex-audio.example", PFactoryInfo::kUnicode)));
+    const auto& names = getProductNames();
+    const auto mail = "mailto:" + juce::String (names.support);
+    auto factory =
+        owned (new CPluginFactory (PFactoryInfo (names.maker, names.server, mail.toRawUTF8(), PFactoryInfo::kUnicode)));
     factory->registerClass (describe (Vst::VST3Processor::cid, kVstAudioEffectClass), Vst::VST3Processor::create);
     factory->registerClass (describe (Vst::VST3Controller::cid, kVstComponentControllerClass),
                             Vst::VST3Controller::create);

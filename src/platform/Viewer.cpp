@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/Viewer.h"
+
+namespace platform
+{
+namespace
+{
+
+ScopedViewer::Viewer& redirectedViewer()
+{
+    static ScopedViewer::Viewer viewer;
+    return viewer;
+}
+
+}   // namespace
+
+bool openForUser (const juce::URL& url)
+{
+    if (url.isEmpty() || (url.isLocalFile() && ! url.getLocalFile().existsAsFile()))
+        return false;
+
+    // By its address a file is never taken for a program to run, whatever its permissions say.
+    return redirectedViewer() ? redirectedViewer() (url.toString (true)) : url.launchInDefaultBrowser();
+}
+
+ScopedViewer::ScopedViewer (Viewer viewer) : previous (std::exchange (redirectedViewer(), std::move (viewer)))
+{
+}
+
+ScopedViewer::~ScopedViewer()
+{
+    redirectedViewer() = previous;
+}
+
+}   // namespace platform
