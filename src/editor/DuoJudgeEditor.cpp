@@ -109,6 +109,21 @@ void DuoJudgeEditor::confirmVote()
         button->startOneShotFade (kVoteFadeStep, kVoteFadeStep);
 }
 
+// In the menu ---------------------------------------------------------------------------------------------------------
+
+void DuoJudgeEditor::addOptionRows (OxJuceMenu& rows)
+{
+    rows.addOptionSelector ("Host Supports Timecode", { "Detect", "Off", "On" }, UseTimestampedPodAudioOverride);
+}
+
+void DuoJudgeEditor::addCreditLines (OxJuceMenu& lines)
+{
+    lines.cursorY += OxJuceMenu::kGap;
+    lines.addText ("Special thanks to all who listened", OxJuceMenu::kTextHeight);
+}
+
+// Each tick -----------------------------------------------------------------------------------------------------------
+
 void DuoJudgeEditor::onTimerTick()
 {
     followPods();

@@ -26,6 +26,9 @@ public:
     // OxJuceEditorBase
     void updateProductGui() override;
     void onTimerTick() override;
+    bool hasOptionRows() const override { return true; }
+    void addOptionRows (OxJuceMenu& rows) override;
+    void addCreditLines (OxJuceMenu& lines) override;
 
     // OxJuceControl::Listener
     void controlValueChanged (OxJuceControl& control) override;
