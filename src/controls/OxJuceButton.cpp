@@ -43,21 +43,30 @@ void OxJuceButton::setTextColour (juce::Colour colour, int state)
 
 void OxJuceButton::setLabel (const juce::String& text, int state)
 {
-    {
-        const ScopedChange change (*this);
-        solid = getImage (0).isNull();
-        forEachState (state, [&] (std::size_t index) { labels[index] = text; });
-    }
-
-    refresh();
+    replaceLabel (text, state, getImage (0).isNull());
 }
 
 void OxJuceButton::setSolidLabel (const juce::String& text, int state)
 {
-    const ScopedChange change (*this);   // no frame between the picture and the fill
-    setLabel (text, state);
-    solid = true;
+    replaceLabel (text, state, true);
     setPaintingIsUnclipped (true);
+}
+
+void OxJuceButton::replaceLabel (const juce::String& text, int state, bool isSolid)
+{
+    auto differs = solid != isSolid;
+    forEachState (state, [&] (std::size_t index) { differs |= labels[index] != text; });
+
+    if (! differs)
+        return;
+
+    {
+        const ScopedChange change (*this);
+        solid = isSolid;
+        forEachState (state, [&] (std::size_t index) { labels[index] = text; });
+    }
+
+    refresh();
 }
 
 void OxJuceButton::valueChanged (float)
