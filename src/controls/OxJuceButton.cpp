@@ -89,7 +89,7 @@ void OxJuceButton::refresh()
 
 void OxJuceButton::mouseDown (const juce::MouseEvent& event)
 {
-    if (hostMouseDown (event) || isLocked())
+    if (hostMouseDown (event) || ! takesMouse())
         return;
 
     const juce::WeakReference<juce::Component> self (this);
@@ -101,8 +101,8 @@ void OxJuceButton::mouseDown (const juce::MouseEvent& event)
 
 void OxJuceButton::mouseUp (const juce::MouseEvent& event)
 {
-    if (! hostMouseUp (event) && ! isLocked() && isChanging())   // a lock in between has ended the gesture
-        endChange();
+    hostMouseUp (event);
+    abortChange();
 }
 
 void OxJuceButton::endChange()

@@ -97,7 +97,8 @@ public:
     };   // covers all else while the product is disabled
 
 protected:
-    /** Ends all drawing and all ticks; the first thing that the most derived destructor does. */
+    /** Ends all drawing, all ticks and what a user is in the middle of; the first thing that the most derived destructor
+        does. */
     void stopRendering();
 
 private:
