@@ -202,20 +202,11 @@ bool ModalTextEditor::keyPressed (const juce::KeyPress& key)
 
 void ModalTextEditor::watch (juce::Component* newControl)
 {
-    if (control != nullptr)
-        control->removeComponentListener (this);
-
     control = newControl;
+    viewWatch.reset();
 
-    if (control != nullptr)
-        control->addComponentListener (this);
-}
-
-void ModalTextEditor::componentParentHierarchyChanged (juce::Component&)
-{
-    // At once: a host that takes the view away may delete it next.
-    if (control != nullptr && ! control->isShowing())
-        finish();
+    if (control != nullptr)   // at once: a host that takes the view away may delete it next
+        viewWatch = std::make_unique<ViewWatch> (*control, [this] { finish(); });
 }
 
 bool ModalTextEditor::hasKeyboard() const

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <juce_gui_basics/juce_gui_basics.h>
+#include "controls/ViewWatch.h"
 
 class ModalTextEditorUser;
 
@@ -13,10 +13,7 @@ class ModalTextEditorUser;
 
     The window takes the keyboard as it appears, so nothing but the going of the control ends an edit in its first half
     second. A Return that comes too early leaves the window open for the next one. */
-class ModalTextEditor : public juce::TextEditor,
-                        private juce::TextEditor::Listener,
-                        private juce::Timer,
-                        private juce::ComponentListener
+class ModalTextEditor : public juce::TextEditor, private juce::TextEditor::Listener, private juce::Timer
 {
 public:
     ModalTextEditor();
@@ -48,9 +45,6 @@ private:
     // juce::Timer
     void timerCallback() override;
 
-    // juce::ComponentListener, of the control
-    void componentParentHierarchyChanged (juce::Component&) override;
-
     void showWindow();
     void leave();
     void finish();
@@ -61,6 +55,7 @@ private:
     juce::uint32 startTime = 0;                              // milliseconds, when the edit was armed
     ModalTextEditorUser* user = nullptr;                     // who receives the text, null while no edit is open
     juce::Component::SafePointer<juce::Component> control;   // the user, as the window sees it
+    std::unique_ptr<ViewWatch> viewWatch;                    // of the control
     bool hadKeyboard = false;                                // at the last tick
     bool returnsKeyboard = false;                            // the control's window had it before
     int numEdits = 0;

@@ -43,21 +43,30 @@ void OxJuceButton::setTextColour (juce::Colour colour, int state)
 
 void OxJuceButton::setLabel (const juce::String& text, int state)
 {
-    {
-        const ScopedChange change (*this);
-        solid = getImage (0).isNull();
-        forEachState (state, [&] (std::size_t index) { labels[index] = text; });
-    }
-
-    refresh();
+    replaceLabel (text, state, getImage (0).isNull());
 }
 
 void OxJuceButton::setSolidLabel (const juce::String& text, int state)
 {
-    const ScopedChange change (*this);   // no frame between the picture and the fill
-    setLabel (text, state);
-    solid = true;
+    replaceLabel (text, state, true);
     setPaintingIsUnclipped (true);
+}
+
+void OxJuceButton::replaceLabel (const juce::String& text, int state, bool isSolid)
+{
+    auto differs = solid != isSolid;
+    forEachState (state, [&] (std::size_t index) { differs |= labels[index] != text; });
+
+    if (! differs)
+        return;
+
+    {
+        const ScopedChange change (*this);
+        solid = isSolid;
+        forEachState (state, [&] (std::size_t index) { labels[index] = text; });
+    }
+
+    refresh();
 }
 
 void OxJuceButton::valueChanged (float)
@@ -80,7 +89,7 @@ void OxJuceButton::refresh()
 
 void OxJuceButton::mouseDown (const juce::MouseEvent& event)
 {
-    if (hostMouseDown (event) || isLocked())
+    if (hostMouseDown (event) || ! takesMouse())
         return;
 
     const juce::WeakReference<juce::Component> self (this);
@@ -92,8 +101,8 @@ void OxJuceButton::mouseDown (const juce::MouseEvent& event)
 
 void OxJuceButton::mouseUp (const juce::MouseEvent& event)
 {
-    if (! hostMouseUp (event) && ! isLocked() && isChanging())   // a lock in between has ended the gesture
-        endChange();
+    hostMouseUp (event);
+    abortChange();
 }
 
 void OxJuceButton::endChange()

@@ -77,6 +77,7 @@ protected:
 private:
     using StateColours = std::array<Relaxed<juce::Colour>, kNumStates>;
 
+    void replaceLabel (const juce::String& text, int state, bool isSolid);
     void drawFill (int state);
 
     StateColours fillColours, tintColours, textColours;

@@ -129,12 +129,14 @@ void OxJuceControl::setValue (float newValue, bool notify)
 void OxJuceControl::beginChange()
 {
     changing = true;
+    viewWatch = std::make_unique<ViewWatch> (*this, [this] { leftView(); });
     sendChangeBegin();
 }
 
 void OxJuceControl::endChange()
 {
     changing = false;
+    viewWatch.reset();
     sendChangeEnd();
 }
 
@@ -168,6 +170,14 @@ float OxJuceControl::getOpacity() const
     return dims ? lockedOpacity : normalOpacity;
 }
 
+void OxJuceControl::enablementChanged()
+{
+    OxOglChildComponent::enablementChanged();
+
+    if (! isEnabled())
+        abortChange();
+}
+
 void OxJuceControl::setVisible (bool shouldBeVisible)
 {
     if (shouldBeVisible == isVisible())
@@ -184,7 +194,7 @@ void OxJuceControl::setVisible (bool shouldBeVisible)
 
 void OxJuceControl::mouseEnter (const juce::MouseEvent&)
 {
-    if (auto* const owner = editor.get(); owner != nullptr && showsParameterText)
+    if (auto* const owner = editor.get(); owner != nullptr && showsParameterText && isEnabled())
         owner->showTextOfParameter (parameterId);
 }
 
@@ -218,7 +228,7 @@ bool OxJuceControl::isOfferedToHost() const
 
 bool OxJuceControl::hostMouseDown (const juce::MouseEvent& event)
 {
-    return isOfferedToHost() && editor.get()->hostMouseDown (event, parameterId);
+    return isEnabled() && isOfferedToHost() && editor.get()->hostMouseDown (event, parameterId);
 }
 
 bool OxJuceControl::hostMouseDrag (const juce::MouseEvent& event)

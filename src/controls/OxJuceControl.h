@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "controls/ViewWatch.h"
 #include "framework/OxParamRecord.h"
 #include "gui/OxOglChildComponent.h"
 
@@ -48,7 +49,10 @@ public:
     /** Stores a value, clamped to 0 to 1; the value that stands changes nothing. @param notify tell the listeners */
     virtual void setValue (float newValue, bool notify);
 
-    /** A gesture, which the host sees as one edit. */
+    /** Whether the user can move the control: it is enabled, with all its parents, and not locked. */
+    bool takesMouse() const { return ! locked && isEnabled(); }
+
+    /** A gesture, which the host sees as one edit. It ends when the control is locked, disabled or goes out of view. */
     virtual void beginChange();
     virtual void endChange();
 
@@ -69,6 +73,7 @@ public:
     virtual float getOpacity() const;
 
     // juce::Component
+    void enablementChanged() override;
     void mouseEnter (const juce::MouseEvent& event) override;
     void setVisible (bool shouldBeVisible) override;
 
@@ -78,6 +83,9 @@ public:
     Relaxed<float> lockedOpacity = 0.5f, normalOpacity = 1.0f;
 
 protected:
+    /** The control went out of view in mid-gesture. */
+    virtual void leftView() { abortChange(); }
+
     // From the last listener to the first; ends with the control.
     virtual void sendValueChanged();
     virtual void sendChangeBegin();
@@ -92,7 +100,8 @@ protected:
     /** The scale of a mouse movement: a tenth while the key for fine steps is down. */
     virtual float getFineFactor (const juce::MouseEvent& event) const;
 
-    /** Whether the host takes a mouse event on its parameter for itself. Every handler asks first, and stops on true. */
+    /** Whether the host takes a mouse event on its parameter for itself. Every handler asks first, and stops on true;
+        a release ends the gesture even so. */
     virtual bool hostMouseDown (const juce::MouseEvent& event);
     virtual bool hostMouseDrag (const juce::MouseEvent& event);
     virtual bool hostMouseUp (const juce::MouseEvent& event);
@@ -110,5 +119,6 @@ private:
     Relaxed<float> value = 0.0f;
     float defaultValue = 0.0f;
     Relaxed<bool> locked = false;
-    bool changing = false;   // between begin and end of a gesture
+    bool changing = false;                  // between begin and end of a gesture
+    std::unique_ptr<ViewWatch> viewWatch;   // in a gesture
 };

@@ -69,7 +69,7 @@ void OxJuceControlWithHelpers::mouseEnter (const juce::MouseEvent& event)
 {
     OxJuceControl::mouseEnter (event);
 
-    if (! hoverFadeDisabled && ! isLocked())
+    if (! hoverFadeDisabled && takesMouse())
         fadeTarget = true;
 }
 

@@ -63,11 +63,17 @@ void OxJuceDragControl::endChange()
         refresh();
 }
 
+void OxJuceDragControl::leftView()
+{
+    if (! isTyping())   // which then ends too, and the gesture with it
+        OxJuceControlWithHelpers::leftView();
+}
+
 // Dragging ------------------------------------------------------------------------------------------------------------
 
 void OxJuceDragControl::mouseDown (const juce::MouseEvent& event)
 {
-    if (hostMouseDown (event) || isLocked() || isTyping())
+    if (hostMouseDown (event) || ! takesMouse() || isTyping())
         return;
 
     const juce::WeakReference<juce::Component> self (this);
@@ -89,7 +95,7 @@ void OxJuceDragControl::mouseDown (const juce::MouseEvent& event)
 void OxJuceDragControl::mouseDrag (const juce::MouseEvent& event)
 {
     // The rest of a press whose gesture was closed moves nothing.
-    if (hostMouseDrag (event) || isLocked() || ! draggable || isResetClick (event) || ! isChanging() || isTyping())
+    if (hostMouseDrag (event) || ! draggable || isResetClick (event) || ! isChanging() || isTyping())
         return;
 
     const auto moved = event.getPosition() - dragStartPoint;
@@ -106,13 +112,15 @@ void OxJuceDragControl::mouseDrag (const juce::MouseEvent& event)
 
 void OxJuceDragControl::mouseUp (const juce::MouseEvent& event)
 {
-    if (! hostMouseUp (event) && ! isLocked() && ! isTyping())
+    hostMouseUp (event);
+
+    if (! isTyping())
         abortChange();
 }
 
 void OxJuceDragControl::mouseWheelMove (const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel)
 {
-    if (hostMouseDrag (event) || isLocked() || ! draggable || isResetClick (event))
+    if (hostMouseDrag (event) || ! takesMouse() || ! draggable || isResetClick (event))
         return;
 
     const auto pixels = (wheel.deltaX + wheel.deltaY) * kWheelScale;
@@ -127,7 +135,7 @@ void OxJuceDragControl::mouseWheelMove (const juce::MouseEvent& event, const juc
 
 void OxJuceDragControl::mouseDoubleClick (const juce::MouseEvent& event)
 {
-    if (hostMouseDown (event) || isLocked() || typeInDisabled || isTyping())
+    if (hostMouseDown (event) || ! takesMouse() || typeInDisabled || isTyping())
         return;
 
     if (m_fnpConvertStringToParam == nullptr)

@@ -72,6 +72,9 @@ protected:
     // OxJuceControlWithHelpers: the frame of the value, cut out of that image.
     void selectImage (int index) override;
 
+    // OxJuceControl
+    void leftView() override;
+
 private:
     static constexpr float kDefaultDragSpeed = 0.005f;
 

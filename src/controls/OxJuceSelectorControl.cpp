@@ -69,7 +69,7 @@ void OxJuceSelectorControl::disableFirstRow()
 
 void OxJuceSelectorControl::mouseDown (const juce::MouseEvent&)
 {
-    if (! isLocked() && ! isOpen())
+    if (takesMouse() && ! isOpen())
         open();
 }
 
@@ -107,11 +107,11 @@ juce::Rectangle<int> OxJuceSelectorControl::getListBounds (int rowHeight) const
     return { box.getX(), box.getBottom() - (hasRoomBelow ? 0 : height), getWidth(), height };
 }
 
-void OxJuceSelectorControl::close()
+void OxJuceSelectorControl::abortChange()
 {
     m_btnPopupBackground.setVisible (false);
     m_Popup.setVisible (false);
-    abortChange();
+    OxJuceControlWithHelpers::abortChange();
 }
 
 void OxJuceSelectorControl::controlValueChanged (OxJuceControl& control)
@@ -122,23 +122,10 @@ void OxJuceSelectorControl::controlValueChanged (OxJuceControl& control)
         setValue (thousandths::fromCode (m_Popup.getHoverRow()), true);
 
         if (self != nullptr)
-            close();
+            abortChange();
     }
     else if (&control == &m_btnPopupBackground)
-        close();
-}
-
-void OxJuceSelectorControl::lockChanged()
-{
-    if (isLocked() && isOpen())
-        close();
-}
-
-void OxJuceSelectorControl::refresh()
-{
-    // A list is not left behind by the box that it belongs to.
-    if (isOpen() && ! isShowing())
-        close();
+        abortChange();
 }
 
 // The picture ---------------------------------------------------------------------------------------------------------

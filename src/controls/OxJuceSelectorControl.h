@@ -8,7 +8,7 @@
     everything else. A click outside the list closes it.
 
     The value is the chosen row in thousandths, and may point past the end, which shows nothing. From opening to closing is
-    one gesture. The list closes too when the selector is locked or hidden. */
+    one gesture. The list closes too when the selector is locked, disabled or goes out of view. */
 class OxJuceSelectorControl : public OxJuceControlWithHelpers, public OxJuceControl::Listener
 {
 public:
@@ -32,8 +32,7 @@ public:
     bool isRowDisabled (int index) const { return rowDisabled[index]; }
 
     // OxJuceControl
-    void lockChanged() override;
-    void refresh() override;
+    void abortChange() override;
 
     // OxOglChildComponent
     void draw (int elapsedMs) override;
@@ -48,7 +47,6 @@ public:
 
 private:
     void open();
-    void close();
     juce::Rectangle<int> getListBounds (int rowHeight) const;
     juce::Colour getBoxColour() const;
 

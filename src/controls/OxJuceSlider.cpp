@@ -109,9 +109,9 @@ void OxJuceSlider::resetOnClick (const juce::MouseEvent& event)
 void OxJuceSlider::mouseEnter (const juce::MouseEvent& event)
 {
     OxJuceControlWithHelpers::mouseEnter (event);
-    hovered = true;
+    hovered = isEnabled();
 
-    if (auto* const owner = editor.get(); owner != nullptr && showsParameterText && actsForOther())
+    if (auto* const owner = editor.get(); owner != nullptr && showsParameterText && isEnabled() && actsForOther())
         owner->showTextOfParameter (otherParameterId);
 }
 
@@ -123,7 +123,7 @@ void OxJuceSlider::mouseExit (const juce::MouseEvent& event)
 
 void OxJuceSlider::mouseDown (const juce::MouseEvent& event)
 {
-    if (hostMouseDown (event) || isLocked())
+    if (hostMouseDown (event) || ! takesMouse())
         return;
 
     const juce::WeakReference<juce::Component> self (this);
@@ -139,19 +139,19 @@ void OxJuceSlider::mouseDown (const juce::MouseEvent& event)
 void OxJuceSlider::mouseDrag (const juce::MouseEvent& event)
 {
     // The rest of a press whose gesture was closed moves nothing.
-    if (! hostMouseDrag (event) && ! isLocked() && isChanging())
+    if (! hostMouseDrag (event) && isChanging())
         setValueFromMouse (event);
 }
 
 void OxJuceSlider::mouseUp (const juce::MouseEvent& event)
 {
-    if (! hostMouseUp (event) && ! isLocked())
-        abortChange();
+    hostMouseUp (event);
+    abortChange();
 }
 
 void OxJuceSlider::mouseWheelMove (const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel)
 {
-    if (hostMouseDown (event) || isLocked())
+    if (hostMouseDown (event) || ! takesMouse())
         return;
 
     const auto isHorizontal = orientation == Orientation::horizontal;

@@ -18,8 +18,22 @@ void OxJuceTextEdit::setText (const juce::String& newText)
     replaceText (newText);
     sanitiseText();
 
-    if (format != Format::anyText && getParameterId() != kNoParam && ! showsValue)
-        setValue (readValue(), true);
+    if (format == Format::anyText || getParameterId() == kNoParam || showsValue)
+        return;
+
+    const juce::WeakReference<juce::Component> self (this);
+    setValue (readValue(), true);
+
+    if (self != nullptr)
+        valueChanged (getValue());   // where it stood already, the text goes back to it
+}
+
+void OxJuceTextEdit::setOglComponent (OxJuceEditorBase* newEditor)
+{
+    OxJuceControlWithHelpers::setOglComponent (newEditor);
+
+    if (getParameterId() != kNoParam)
+        valueChanged (getValue());
 }
 
 void OxJuceTextEdit::replaceText (const juce::String& newText)
@@ -69,7 +83,7 @@ void OxJuceTextEdit::valueChanged (float newValue)
 
 void OxJuceTextEdit::mouseDown (const juce::MouseEvent& event)
 {
-    if (hostMouseDown (event))
+    if (hostMouseDown (event) || ! isEnabled())
         return;
 
     const auto* const sheet = getFont();
@@ -82,7 +96,9 @@ void OxJuceTextEdit::mouseDown (const juce::MouseEvent& event)
 void OxJuceTextEdit::textEditFinished (const juce::String& newText)
 {
     const juce::WeakReference<juce::Component> self (this);
-    setText (newText);
+
+    if (newText != text)   // what is shown may be rounded, and is not to be written back
+        setText (newText);
 
     if (self != nullptr)
         sendValueChanged();

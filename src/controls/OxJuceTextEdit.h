@@ -29,7 +29,8 @@ public:
     /** Rids the text of what the format and the length do not allow. */
     virtual void sanitiseText();
 
-    // OxJuceControl, OxOglChildComponent
+    // OxJuceControl, OxOglChildComponent, OxOglComponentUser
+    void setOglComponent (OxJuceEditorBase* newEditor) override;
     void draw (int elapsedMs) override;
     const char* getTypeName() const override { return "OxJuceTextEdit"; }
     void valueChanged (float newValue) override;

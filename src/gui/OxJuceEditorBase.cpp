@@ -38,6 +38,7 @@ void OxJuceEditorBase::stopRendering()
 {
     surface.stopRenderThread();
     stopTimer();
+    surface.setVisible (false);   // ends what a user is in the middle of
     const OxScopedReadWriteLock lock (editorLock, LockMode::write, true, __func__);
 }
 

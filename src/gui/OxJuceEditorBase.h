@@ -113,7 +113,8 @@ public:
     OxJuceMenu menu { *this };
 
 protected:
-    /** Ends all drawing and all ticks; the first thing that the most derived destructor does. */
+    /** Ends all drawing, all ticks and what a user is in the middle of; the first thing that the most derived destructor
+        does. */
     void stopRendering();
 
 private:
