@@ -25,13 +25,13 @@ buildPackages+=(libgtest-dev libbenchmark-dev python3)
 buildPackages+=(fonts-dejavu-core libgl1 libgl1-mesa-dri)
 
 # ./test: a window system of its own, the tools that read our sources, and a recording.
-testPackages=(xvfb openbox clang-format clang-tidy sonic-pi-samples)
+testPackages=(xvfb openbox clang-format clang-tidy sonic-pi-samples python3-markdown weasyprint)
 
 # ./test draws the glyph sheets and the other pictures again.
 testPackages+=(python3-pil python3-freetype python3-cairo fonts-roboto-unhinted)
 
-# ./run: asking whether a display answers.
-runPackages=(x11-utils)
+# ./run: asking whether a display answers, and setting the manual.
+runPackages=(x11-utils python3-markdown weasyprint)
 
 # ./run without files: a recording and the coder of its copy.
 demoPackages=(sonic-pi-samples vorbis-tools)

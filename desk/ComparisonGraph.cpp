@@ -201,6 +201,11 @@ float ComparisonGraph::readParameter (Parameter parameter) const
     return parameters[static_cast<std::size_t> (parameter)]->getValue();
 }
 
+juce::AudioProcessorParameter& ComparisonGraph::getParameter (Parameter parameter)
+{
+    return *parameters[static_cast<std::size_t> (parameter)];
+}
+
 void ComparisonGraph::press (Parameter button)
 {
     writeParameter (button, 1.0f);

@@ -62,7 +62,9 @@ public:
     juce::AudioProcessorEditor* createEditor() { return comparator->createEditorIfNeeded(); }
 
     float readParameter (Parameter parameter) const;
-    float getGain() const noexcept { return decibels; }
+
+    /** For those who want to hear of its changes, from whatever thread makes them. */
+    juce::AudioProcessorParameter& getParameter (Parameter parameter);
 
     /** @returns the samples processed until now [any thread]. */
     juce::int64 getNumProcessed() const noexcept { return numProcessed; }

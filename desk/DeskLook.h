@@ -16,11 +16,9 @@ const juce::Colour kText { 0xffe6e9ee };
 const juce::Colour kFaintText { 0xff98a1ae };
 const juce::Colour kLit { 0xff5fb3e6 };
 const juce::Colour kNotice { 0xffe0b050 };
-const juce::Colour kTextOnLit { 0xff10161c };
 
 constexpr int kMargin = 16, kGap = 12, kRowHeight = 32, kTextHeight = 20;
-constexpr float kTextSize = 14.0f, kLargeTextSize = 34.0f;
-constexpr int kLargeButtonHeight = 64;   // a button from this height up bears large text when its text is one letter
+constexpr float kTextSize = 14.0f;
 
 }   // namespace look
 

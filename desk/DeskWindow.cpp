@@ -15,7 +15,7 @@ constexpr int kLeastWidth = 640;
 
 DeskContent::DeskContent (ComparisonGraph& graph, LiveDevice& device) :
     material (graph.getMaterial()), output (device), player (graph, device), comparator (graph.createEditor()),
-    panel (graph), transport (player, material.getSampleRate(), material.getNumSamples())
+    keys (graph), transport (player, material.getSampleRate(), material.getNumSamples())
 {
     if (comparator != nullptr)
     {
@@ -24,7 +24,6 @@ DeskContent::DeskContent (ComparisonGraph& graph, LiveDevice& device) :
         addAndMakeVisible (*comparator);
     }
 
-    addAndMakeVisible (panel);
     addAndMakeVisible (transport);
     setWantsKeyboardFocus (true);
     fit();
@@ -37,8 +36,8 @@ void DeskContent::fit()
 {
     const auto width = comparator != nullptr ? comparator->getWidth() + 2 * kMargin : 0;
     const auto height = comparator != nullptr ? comparator->getHeight() + kGap : 0;
-    setSize (std::max (kLeastWidth, width), kMargin + kTextHeight + kGap + height + JudgePanel::getPreferredHeight() +
-                                                kGap + kRowHeight + kGap + kTextHeight + kGap);
+    setSize (std::max (kLeastWidth, width),
+             kMargin + kTextHeight + kGap + height + kRowHeight + kGap + kTextHeight + kGap);
 }
 
 void DeskContent::childBoundsChanged (juce::Component* child)
@@ -90,8 +89,6 @@ void DeskContent::resized()
     transport.setBounds (area.removeFromBottom (kRowHeight));
     area.removeFromBottom (kGap);
 
-    panel.setBounds (area.removeFromBottom (JudgePanel::getPreferredHeight()));
-
     if (comparator != nullptr)
         comparator->setTopLeftPosition (area.getCentreX() - comparator->getWidth() / 2, area.getY());
 }
@@ -99,7 +96,7 @@ void DeskContent::resized()
 bool DeskContent::keyPressed (const juce::KeyPress& key)
 {
     if (key != juce::KeyPress::spaceKey)
-        return panel.actOnKey (key);
+        return keys.actOnKey (key);
 
     transport.togglePlaying();
     return true;

@@ -2,14 +2,14 @@
 #pragma once
 
 #include "DeskLook.h"
-#include "JudgePanel.h"
+#include "JudgeKeys.h"
 #include "LivePlayer.h"
 #include "TransportBar.h"
 
 namespace desk
 {
 
-/** What stands in the window: the two sources, the comparator's own window, the desk's buttons and the transport. */
+/** What stands in the window: the two sources, the comparator's own window and the transport. */
 class DeskContent : public juce::Component, private juce::Timer
 {
 public:
@@ -30,7 +30,7 @@ private:
     juce::String outputText;   // as last painted
     LivePlayer player;
     std::unique_ptr<juce::AudioProcessorEditor> comparator;   // its window, null if it has none
-    JudgePanel panel;
+    JudgeKeys keys;
     TransportBar transport;
 };
 

@@ -60,11 +60,6 @@ bool Judge::perform (const Action& action)
     return true;
 }
 
-bool Judge::isFirstLit() const
-{
-    return graph.readParameter (view == View::test ? Parameter::toggleXY : Parameter::toggleAB) == 0.0f;
-}
-
 juce::String Judge::describeVotes() const
 {
     const auto votes = getVotes();

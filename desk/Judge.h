@@ -23,9 +23,7 @@ public:
     bool perform (const Action& action);
 
     View getView() const noexcept { return view; }
-
-    /** Which source or label is lit: that of A and X, or that of B and Y. */
-    bool isFirstLit() const;
+    void setView (View newView) noexcept { view = newView; }   // where somebody else has led
 
     VoteStatistics getVotes() const noexcept { return { votesForA + votesForB, votesForA, votesForB }; }
 
