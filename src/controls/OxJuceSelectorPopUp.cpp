@@ -21,6 +21,8 @@ void OxJuceSelectorPopUp::open (OxJuceSelectorControl& owner, juce::Rectangle<in
 {
     rowHeight = heightOfRow;
     hoverRow = -1;
+    firstRow = std::max (0, -area.getY() / heightOfRow);
+    rowsInView = owner.getSurface()->getHeight() / heightOfRow + 2;
     setBounds (area);
     setTextColour (owner.getTextColour());
     setFont (owner.getFont());
@@ -39,11 +41,12 @@ void OxJuceSelectorPopUp::forEachRow (juce::Rectangle<int> area, Fill&& fill, Wr
     if (owner == nullptr)
         return;
 
-    auto row = area.withHeight (rowHeight);
     const auto selectedRow = owner->getSelectedIndex();
+    const auto end = std::min (owner->getItems().size(), firstRow + rowsInView);
 
-    for (int index = 0; index < owner->getItems().size(); ++index)
+    for (int index = firstRow; index < end; ++index)
     {
+        const auto row = area.withHeight (rowHeight).translated (0, index * rowHeight);
         const auto isDisabled = owner->isRowDisabled (index);
 
         if (index == selectedRow)
@@ -54,7 +57,6 @@ void OxJuceSelectorPopUp::forEachRow (juce::Rectangle<int> area, Fill&& fill, Wr
 
         const auto colour = owner->getItemColour (index);
         write (row, owner->getItems()[index], isDisabled ? colour.darker (kDisabledDarker) : colour);
-        row.translate (0, rowHeight);
     }
 }
 

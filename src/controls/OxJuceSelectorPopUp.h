@@ -5,7 +5,8 @@
 
 class OxJuceSelectorControl;
 
-/** The list that a selector opens: one row an item, all of them always shown, on the surface of the editor.
+/** The list that a selector opens: one row an item, on the surface of the editor. It does not scroll; of a list longer than
+    the editor only the rows within it are drawn.
 
     Its value is no selection. It goes to 1 with a click on a row that can be chosen, and the selector asks which. */
 class OxJuceSelectorPopUp : public OxJuceControlWithHelpers
@@ -39,7 +40,8 @@ private:
 
     void hover (const juce::MouseEvent& event);
 
-    Relaxed<int> rowHeight = 0;   // pixels
+    Relaxed<int> rowHeight = 0;                  // pixels
+    Relaxed<int> firstRow = 0, rowsInView = 0;   // at most, of those that lie within the surface
     Relaxed<int> hoverRow = -1;
     Relaxed<OxJuceSelectorControl*> selector = nullptr;   // null until the first opening
 };
