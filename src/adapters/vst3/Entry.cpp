@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a host finds in the shared object: the factory, and the calls around a module's life.
+#include "adapters/Export.h"
 #include "adapters/vst3/VST3Controller.h"
 #include "adapters/vst3/VST3Processor.h"
 #include "adapters/vst3/sdk/PluginFactory.h"
@@ -33,8 +34,6 @@ IPtr<CPluginFactory> makeFactory()
 }
 
 }   // namespace
-
-#define DUO_EXPORT extern "C" [[gnu::visibility ("default")]]
 
 DUO_EXPORT IPluginFactory* PLUGIN_API GetPluginFactory();
 DUO_EXPORT bool ModuleEntry (void*);

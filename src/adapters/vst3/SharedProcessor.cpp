@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "adapters/vst3/SharedProcessor.h"
 
-#include "adapters/MessageThread.h"
-#include "engine/CreatePluginFilter.h"
-
 #include <mutex>
 
 namespace Steinberg
@@ -13,31 +10,23 @@ namespace Vst
 namespace
 {
 
-std::mutex mutex;                                            // of both below
+std::mutex mutex;                                            // of the list
 std::vector<std::weak_ptr<SharedProcessor>> lastInstances;   // those that live, and the one made last at the end
-juce::int64 lastNumber = 0;
 
 }   // namespace
 
-SharedProcessor::SharedProcessor (juce::int64 ownNumber, std::unique_ptr<DuoJudgeProcessor> newProcessor) :
-    number (ownNumber), processor (std::move (newProcessor))
+SharedProcessor::SharedProcessor (juce::int64 ownNumber) :
+    AdaptedProcessor (OxJuceProcessorBase::typeVst3), number (ownNumber)
 {
 }
 
 SharedProcessor::Ptr SharedProcessor::create()
 {
-    std::unique_ptr<DuoJudgeProcessor> made;
-    {
-        const MessageThread::Lock lock;
-        made = createPluginFilter (OxJuceProcessorBase::typeVst3);
-    }
+    // Another process counts from elsewhere.
+    static std::atomic<juce::int64> lastNumber { juce::Random::getSystemRandom().nextInt64() };
 
+    Ptr shared (new SharedProcessor (++lastNumber), MessageThread::destroy<SharedProcessor>);
     const std::lock_guard<std::mutex> lock (mutex);
-
-    if (lastNumber == 0)
-        lastNumber = juce::Random::getSystemRandom().nextInt64();   // another process counts from elsewhere
-
-    Ptr shared (new SharedProcessor (++lastNumber, std::move (made)), MessageThread::destroy<SharedProcessor>);
     lastInstances.erase (
         std::remove_if (lastInstances.begin(), lastInstances.end(), [] (const auto& one) { return one.expired(); }),
         lastInstances.end());

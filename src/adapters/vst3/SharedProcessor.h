@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/DuoJudgeProcessor.h"
+#include "adapters/AdaptedProcessor.h"
 
 namespace Steinberg
 {
 namespace Vst
 {
 
-/** What a component and its controller have in common: the one audio processor, and whether the host bypasses it.
-
-    It goes with the last of those that hold it, and on the message thread, where its timer runs. */
-class SharedProcessor
+/** What a component and its controller have in common: the one audio processor. It goes with the last of those that hold
+    it. */
+class SharedProcessor : public AdaptedProcessor
 {
 public:
     using Ptr = std::shared_ptr<SharedProcessor>;
@@ -25,15 +24,10 @@ public:
     /** @returns the one with this number, or null if it is not, or no longer, of this process. */
     static Ptr find (juce::int64 wantedNumber);
 
-    DuoJudgeProcessor& get() const noexcept { return *processor; }
-
     const juce::int64 number;   // tells it from all others that this process ever had
-    Relaxed<bool> bypass = false;
 
 private:
-    SharedProcessor (juce::int64 ownNumber, std::unique_ptr<DuoJudgeProcessor> newProcessor);
-
-    std::unique_ptr<DuoJudgeProcessor> processor;
+    explicit SharedProcessor (juce::int64 ownNumber);
 };
 
 }   // namespace Vst

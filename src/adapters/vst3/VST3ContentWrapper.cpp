@@ -9,45 +9,13 @@ namespace Vst
 {
 
 VST3ContentWrapper::VST3ContentWrapper (VST3Editor& ownView, juce::AudioProcessorEditor& ownEditor) :
-    view (ownView), editor (ownEditor)
+    ContentWrapper (ownEditor), view (ownView)
 {
-    setOpaque (true);
-    const juce::ScopedValueSetter<bool> follow (resizing, true);
-    editor.setTopLeftPosition (0, 0);
-    setBounds (editor.getLocalBounds());
-    addAndMakeVisible (editor);
 }
 
-VST3ContentWrapper::~VST3ContentWrapper()
+void VST3ContentWrapper::requestSize (int width, int height)
 {
-    removeChildComponent (&editor);
-    editor.processor.editorBeingDeleted (&editor);
-    delete &editor;
-}
-
-void VST3ContentWrapper::childBoundsChanged (juce::Component*)
-{
-    if (resizing)
-        return;
-
-    const juce::ScopedValueSetter<bool> follow (resizing, true);
-    view.requestSize (editor.getWidth(), editor.getHeight());
-    setSize (editor.getWidth(), editor.getHeight());
-}
-
-void VST3ContentWrapper::resized()
-{
-    if (resizing)
-        return;
-
-    {
-        const juce::ScopedValueSetter<bool> follow (resizing, true);
-        editor.setBounds (getLocalBounds());
-    }
-
-    // An editor may keep to a size of its own: then the host follows.
-    if (editor.getLocalBounds() != getLocalBounds())
-        childBoundsChanged (&editor);
+    view.requestSize (width, height);
 }
 
 }   // namespace Vst

@@ -27,10 +27,9 @@ VST3Editor::~VST3Editor()
 bool VST3Editor::makeWrapper()
 {
     const MessageThread::Lock lock;
-    auto& judge = shared->get();
 
-    if (wrapper == nullptr && judge.getActiveEditor() == nullptr)
-        if (auto* const editor = judge.createEditorIfNeeded())
+    if (wrapper == nullptr)
+        if (auto* const editor = ContentWrapper::makeEditor (shared->get()))
             wrapper = std::make_unique<VST3ContentWrapper> (*this, *editor);
 
     return wrapper != nullptr;
@@ -49,12 +48,13 @@ tresult PLUGIN_API VST3Editor::attached (void* parent, FIDString type)
     if (isAttached() || ! makeWrapper())
         return kResultFalse;
 
+    const auto connects = [this]
     {
         const MessageThread::Lock lock;
-        errorGuard.emplace();   // connects too, so that a loop is offered every descriptor at once
-    }
+        return wrapper->connect();   // first, so that a loop is offered every descriptor at once
+    };
 
-    if (! errorGuard->isConnected())
+    if (! connects())
     {
         close();
         return kResultFalse;
@@ -64,8 +64,7 @@ tresult PLUGIN_API VST3Editor::attached (void* parent, FIDString type)
         borrowedLoop = offeredLoop;
 
     const MessageThread::Lock lock;
-    wrapper->setVisible (true);
-    wrapper->addToDesktop (0, parent);
+    wrapper->embed (parent);
     return CPluginView::attached (parent, type);
 }
 
@@ -79,12 +78,7 @@ void VST3Editor::close()
 {
     {
         const MessageThread::Lock lock;
-
-        if (wrapper != nullptr && wrapper->isOnDesktop())
-            wrapper->removeFromDesktop();
-
         wrapper.reset();
-        errorGuard.reset();
     }
 
     if (const auto loop = std::exchange (borrowedLoop, nullptr))

@@ -5,8 +5,6 @@
 #include "adapters/vst3/VST3Controller.h"
 #include "platform/EmbeddedWindow.h"
 
-#include <optional>
-
 #include <public.sdk/source/common/pluginview.h>
 
 namespace Steinberg
@@ -44,9 +42,8 @@ private:
     MessageThread::User toolkit;   // goes last
     const IPtr<VST3Controller> controller;
     const SharedProcessor::Ptr shared;
-    IPtr<Linux::IRunLoop> offeredLoop;    // by the latest frame, which may go before the window does
-    IPtr<Linux::IRunLoop> borrowedLoop;   // while the window stands
-    std::optional<platform::ScopedWindowErrorGuard> errorGuard;
+    IPtr<Linux::IRunLoop> offeredLoop;             // by the latest frame, which may go before the window does
+    IPtr<Linux::IRunLoop> borrowedLoop;            // while the window stands
     std::unique_ptr<VST3ContentWrapper> wrapper;   // with the editor
 };
 

@@ -18,34 +18,6 @@ namespace
 
 constexpr int32 kMostChannels = 10;
 
-/** The layout that the processor is told for a number of channels. */
-juce::AudioChannelSet layoutOf (int32 numChannels)
-{
-    using Set = juce::AudioChannelSet;
-
-    switch (numChannels)
-    {
-        case 1:
-            return Set::mono();
-        case 2:
-            return Set::stereo();
-        case 3:
-            return Set::createLCR();
-        case 4:
-            return Set::createLCRS();
-        case 5:
-            return Set::create5point0();
-        case 6:
-            return Set::create5point1();
-        case 7:
-            return Set::create6point1();
-        case 8:
-            return Set::create7point1();
-        default:
-            return Set::discreteChannels (numChannels);
-    }
-}
-
 /** Parameter names are normal ids, and the bypass lies far beyond them. */
 int idOf (ParamID tag)
 {
@@ -184,24 +156,9 @@ tresult PLUGIN_API VST3Processor::setupProcessing (ProcessSetup& setup)
 
 void VST3Processor::reconfigure()
 {
-    const auto sampleRate = processSetup.sampleRate;
-    const auto blockSize = static_cast<int> (processSetup.maxSamplesPerBlock);
-
-    if (! (sampleRate > 0.0))
-        return;
-
-    judge().setRateAndBufferSizeDetails (sampleRate, blockSize);
-
-    if (numIns != judge().getTotalNumInputChannels() || numOuts != judge().getTotalNumOutputChannels())
-    {
-        juce::AudioProcessor::BusesLayout layout;
-        layout.inputBuses.add (layoutOf (numIns));
-        layout.outputBuses.add (layoutOf (numOuts));
-        judge().setBusesLayout (layout);   // runs `numChannelsChanged`
-    }
-
-    judge().prepareToPlay (sampleRate, blockSize);
-    judge().updateHostDisplay();
+    if (shared->configure (processSetup.sampleRate, processSetup.maxSamplesPerBlock,
+                           AdaptedProcessor::layoutOf (numIns), AdaptedProcessor::layoutOf (numOuts)))
+        judge().updateHostDisplay();
 }
 
 tresult PLUGIN_API VST3Processor::setProcessing (TBool state)
@@ -263,25 +220,12 @@ tresult VST3Processor::processAudio (ProcessData& data)
     const auto numOutputs = std::min (data.outputs[0].numChannels, kMostChannels);
     const auto numChannels = std::min (data.inputs[0].numChannels, numOutputs);
 
-    for (int32 channel = 0; channel < numChannels; ++channel)
-    {
-        if (inputs[channel] == nullptr || outputs[channel] == nullptr)
-            return kResultFalse;
-
-        if (inputs[channel] != outputs[channel])
-            std::copy_n (inputs[channel], data.numSamples, outputs[channel]);
-    }
+    if (! shared->process (inputs, outputs, numChannels, data.numSamples))
+        return kResultFalse;
 
     for (int32 channel = numChannels; channel < numOutputs; ++channel)
         if (outputs[channel] != nullptr)
             std::fill_n (outputs[channel], data.numSamples, 0.0f);
-
-    juce::AudioSampleBuffer block (outputs, numChannels, data.numSamples);
-
-    if (shared->bypass)
-        judge().processBlockBypassed (block, midi);
-    else
-        judge().processBlock (block, midi);
 
     return kResultOk;
 }

@@ -62,7 +62,6 @@ private:
     Relaxed<bool> active = false;
     int32 numIns = 2, numOuts = 2;
     ProcessContext processContext {};   // the latest that the host gave [audio thread]
-    juce::MidiBuffer midi;              // stays empty
 };
 
 }   // namespace Vst
