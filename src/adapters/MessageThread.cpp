@@ -63,16 +63,21 @@ private:
 
 std::mutex mutex;   // of all below
 int numUsers = 0;
+std::atomic<int> numLoans { 0 };
 
 // Not destroyed at the end of the process: a host may end by exit() with plug-ins in place, on any thread, this one included.
 auto& ownThread = *new std::unique_ptr<OwnThread>;
 
 Relaxed<bool> hostRunsEvents = false;
 
-/** Runs what is posted already, on the thread that ends the toolkit. */
-void runLastEvents()
+}   // namespace
+
+void MessageThread::runEvents()
 {
-    juce::MessageManager::getInstance()->setCurrentThreadAsMessageThread();
+    auto* const messages = juce::MessageManager::getInstance();
+
+    if (! messages->isThisTheMessageThread())
+        messages->setCurrentThreadAsMessageThread();
 
     // Each round runs all that is there; a descriptor that stays ready without an event ends the rounds.
     for (int round = 0; round < 100; ++round)
@@ -86,8 +91,6 @@ void runLastEvents()
             juce::LinuxEventLoopInternal::invokeEventLoopCallbackForFd (descriptor);
     }
 }
-
-}   // namespace
 
 MessageThread::User::User()
 {
@@ -111,7 +114,7 @@ MessageThread::User::~User()
     ownThread.reset();
     retired.clear();
     hostRunsEvents = false;
-    runLastEvents();
+    runEvents();
     juce::shutdownJuce_GUI();
 }
 
@@ -147,6 +150,18 @@ MessageThread::Lock::~Lock()
     lock->exit();
     const std::lock_guard<std::mutex> guard (waitMutex);
     retired.push_back (std::move (lock));
+}
+
+MessageThread::Loan::Loan()
+{
+    ++numLoans;
+    lendHostThread();
+}
+
+MessageThread::Loan::~Loan()
+{
+    if (--numLoans == 0)
+        returnHostThread();
 }
 
 void MessageThread::lendHostThread()

@@ -45,6 +45,20 @@ public:
         bool held = false;
     };
 
+    /** The thread that makes one runs the events from now on, by `runEvents`; ours stops until the last one goes. */
+    class Loan
+    {
+    public:
+        Loan();
+        ~Loan();
+
+        Loan (const Loan&) = delete;
+        Loan& operator= (const Loan&) = delete;
+    };
+
+    /** Runs what is posted already, on the thread that calls this, as the message thread. */
+    static void runEvents();
+
     /** Destroys an object that has timers or windows [any thread]: at once under the lock, or else on the message thread as
         soon as it runs. */
     template <typename Object>

@@ -113,9 +113,14 @@ struct NotingManager final : baylink::IPodManager
     void writeAudioAt (int, const float* const*, int, std::int64_t) override {}
     void setPodName (int, const char*) override {}
     void readAudio (int, float* const*, int, int) override {}
-    void readAudioAt (int, float* const*, int, int, std::int64_t at) override { start = at; }
+    void readAudioAt (int, float* const* channels, int numSamples, int, std::int64_t at) override
+    {
+        if (start = at; audio)
+            audio (channels, numSamples, at);
+    }
     void setPlaying (baylink::PodId, bool) override {}
     void setPodGain (int, float) override {}
+    std::function<void (float* const*, int, std::int64_t)> audio;   // of the pod, stereo
     std::int64_t start = -1;
     std::atomic<int> ticks { 0 };
     std::atomic<std::thread::id> ticker;
@@ -150,6 +155,11 @@ struct Module
     const platform::LibraryHandle library = platform::loadLibrary (DUO_PLUGIN_FILE);
     IPluginFactory* const factory = find<IPluginFactory*()> ("GetPluginFactory")();
 };
+
+inline juce::String toText (const TChar* text)
+{
+    return juce::CharPointer_UTF16 (reinterpret_cast<const juce::int16*> (text));
+}
 
 inline std::string save (IComponent& component)
 {

@@ -1,35 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "adapters/ParentWindow.h"
 #include "adapters/RawHost.h"
-
-#include <X11/Xlib.h>
 
 namespace
 {
-
-/** A window of the host, over a connection of the host's own. */
-struct ParentWindow
-{
-    ParentWindow() { XSync (connection, False); }
-    ~ParentWindow() { XCloseDisplay (connection); }
-    void destroy() { XDestroyWindow (connection, window), XSync (connection, False); }
-
-    /** @returns how wide the one window in it is, and how high; 0 and 0 without one. */
-    std::pair<int, int> getContentSize()
-    {
-        ::Window root, parent, *children = nullptr;
-        unsigned count = 0;
-        XWindowAttributes content {};
-
-        if (XQueryTree (connection, window, &root, &parent, &children, &count) != 0 && count == 1)
-            XGetWindowAttributes (connection, *children, &content);
-
-        XFree (children);
-        return { content.width, content.height };
-    }
-
-    Display* const connection = XOpenDisplay (nullptr);
-    const ::Window window = XCreateSimpleWindow (connection, DefaultRootWindow (connection), 0, 0, 600, 300, 0, 0, 0);
-};
 
 constexpr std::pair none (0, 0), whole (535, 267);
 
@@ -55,17 +29,13 @@ struct Vst3ViewTest : PlugInTest
 TEST_F (Vst3ViewTest, HasASizeButNoWindowUntilItIsAttached)
 {
     Instance instance (module, host);
-    EXPECT_EQ (instance.controller->createView (nullptr), nullptr);
-    EXPECT_EQ (instance.controller->createView ("other"), nullptr);
-
-    for (int i = 0; i < 2; ++i)
-    {
-        const auto view = owned (instance.controller->createView (ViewType::kEditor));
-        ViewRect size;
-        EXPECT_EQ (view->getSize (&size), kResultOk);
-        EXPECT_EQ (std::pair (size.getWidth(), size.getHeight()), whole);
-        EXPECT_EQ (view->canResize() & view->isPlatformTypeSupported (kPlatformTypeHWND), kResultFalse);
-    }
+    EXPECT_TRUE (instance.controller->createView (nullptr) == nullptr &&
+                 instance.controller->createView ("other") == nullptr);
+    const auto view = owned (instance.controller->createView (ViewType::kEditor));
+    ViewRect size;
+    EXPECT_EQ (view->getSize (&size), kResultOk);
+    EXPECT_EQ (std::pair (size.getWidth(), size.getHeight()), whole);
+    EXPECT_EQ (view->canResize() & view->isPlatformTypeSupported (kPlatformTypeHWND), kResultFalse);
 }
 
 TEST_F (Vst3ViewTest, RunsItsEventsOnTheHostsLoopOrElseOnAThreadOfItsOwn)

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the plug-in promises its hosts in every format.
+#include "adapters/ParentWindow.h"
+#include "adapters/Vst2Host.h"
+#include "support/AudioThreadGuard.h"
+
+namespace
+{
+
+constexpr int bypassId = -1;
+
+/** An instance as a host of some format holds it. */
+struct Form
+{
+    virtual ~Form() = default;
+    virtual int start (double rate, int block) = 0;                       // gives the latency
+    virtual void process (Audio& in, Audio& out, juce::int64 time) = 0;   // while the host plays
+    virtual void set (int id, float value) = 0;
+    virtual float get (int id) = 0;
+    virtual std::string save() = 0;
+    virtual void load (std::string state) = 0;
+    virtual std::pair<int, int> open (::Window parent) = 0;   // gives the size
+    virtual void close() = 0;
+};
+
+struct Vst3Form : Form
+{
+    Vst3Form (PlugInTest& test) : instance (test.module, test.host) {}
+    int start (double rate, int block) override
+    {
+        instance.component->setActive (0);
+        EXPECT_EQ (instance.setUp (rate, block) | instance.component->setActive (1), kResultOk);
+        return int (instance.audio->getLatencySamples());
+    }
+    void process (Audio& in, Audio& out, juce::int64 time) override
+    {
+        context.state = ProcessContext::kPlaying, context.projectTimeSamples = time;
+        EXPECT_EQ (instance.process (&in, &out, nullptr, &context), kResultOk);
+    }
+    void set (int id, float value) override { instance.set (id == bypassId ? 0x62706173u : unsigned (id), { value }); }
+    float get (int id) override { return float (instance.controller->getParamNormalized (unsigned (id))); }
+    std::string save() override { return ::save (*instance.component); }
+    void load (std::string state) override { instance.load (state); }
+    std::pair<int, int> open (::Window parent) override
+    {
+        ViewRect size;
+        view = owned (instance.controller->createView (ViewType::kEditor));
+        EXPECT_EQ (view->attached (reinterpret_cast<void*> (parent), kPlatformTypeX11EmbedWindowID), kResultOk);
+        return view->getSize (&size), std::pair (size.getWidth(), size.getHeight());
+    }
+    void close() override { view->removed(), view = nullptr; }
+    Instance instance;
+    ProcessContext context {};
+    IPtr<IPlugView> view;
+};
+
+struct Vst2Form : Form
+{
+    Vst2Form (PlugInTest& test) : effect (test.module, host) { host.time = &time; }
+    int start (double rate, int block) override
+    {
+        effect.start (rate, block), time.sampleRate = rate;
+        return effect->initialDelay;
+    }
+    void process (Audio& in, Audio& out, juce::int64 at) override
+    {
+        time.samplePos = double (at), time.flags = kVstTransportPlaying;
+        effect.process (in, out);
+    }
+    void set (int id, float value) override
+    {
+        id == bypassId ? void (effect.call (44, 0, value > 0.0f)) : effect->setParameter (effect.effect, id, value);
+    }
+    float get (int id) override { return effect->getParameter (effect.effect, id); }
+    std::string save() override { return effect.save(); }
+    void load (std::string state) override { effect.call (effSetChunk, 0, t_fstPtrInt (state.size()), state.data()); }
+    std::pair<int, int> open (::Window parent) override
+    {
+        t_fstRectangle* size = nullptr;
+        EXPECT_NE (effect.call (effEditGetRect, 0, 0, &size), 0);
+        EXPECT_EQ (effect.call (effEditOpen, 0, 0, reinterpret_cast<void*> (parent)), 1);
+        return { size->right, size->bottom };
+    }
+    void close() override { effect.call (effEditClose); }
+    Vst2Host host;
+    t_fstTimeInfo time {};
+    Vst2Effect effect;
+};
+
+struct Format
+{
+    const char* name;
+    std::unique_ptr<Form> (*make) (PlugInTest&);
+};
+
+template <typename Made>
+std::unique_ptr<Form> make (PlugInTest& test)
+{
+    return std::make_unique<Made> (test);
+}
+
+const Format formats[] { { "Vst3", make<Vst3Form> }, { "Vst2", make<Vst2Form> } };
+
+struct ConformanceTest : PlugInTest, testing::WithParamInterface<Format>
+{
+    std::unique_ptr<Form> makeForm() { return GetParam().make (*this); }
+};
+
+INSTANTIATE_TEST_SUITE_P (Formats, ConformanceTest, testing::ValuesIn (formats),
+                          [] (const auto& format) { return std::string (format.param.name); });
+
+}   // namespace
+
+TEST_P (ConformanceTest, LetsEitherSourceOutToTheSampleAndDelaysWhatIsBypassed)
+{
+    constexpr int length = 6 * 4096, settled = 2 * 4096;
+    auto own = noise (2, length, 1), pod = noise (2, length, 2), heard = own;
+    manager.audio = [&pod] (float* const* channels, int numSamples, juce::int64 at)
+    {
+        for (int i = 0; i < 2 * numSamples; ++i)
+            channels[i % 2][i / 2] = at + i / 2 < 4096 ? 0.0f : pod.getSample (i % 2, int (at) + i / 2 - 4096);
+    };
+    const auto form = makeForm();
+
+    for (const auto& [rate, block, toggle, bypassed] :
+         { std::tuple (44100.0, 512, 0.0f, false), { 96000.0, 4096, 1.0f, false }, { 48000.0, 333, 1.0f, true } })
+    {
+        EXPECT_EQ (form->start (rate, block), 4096);
+        form->set (3, toggle), form->set (bypassId, bypassed);
+
+        for (int start = 0; start < length; start += block)
+        {
+            auto in = stretch (own, start, block), out = stretch (heard, start, block);
+            const AudioThreadGuard guard;
+            form->process (in, out, start);
+            const auto& [allocations, locks, systemCalls] = guard.counts();   // the pods' own lock is the one
+            EXPECT_TRUE (start < settled || (allocations + systemCalls == 0 && locks <= 1)) << start;
+        }
+
+        for (const auto channel : { 0, 1 })
+            EXPECT_TRUE (isLate (heard, toggle > 0.0f && ! bypassed ? pod : own, channel, settled)) << rate;
+    }
+}
+
+TEST_P (ConformanceTest, BringsASessionOfAnyFormatBack)
+{
+    const auto loaded = makeForm();
+
+    for (const auto& format : formats)
+    {
+        const auto saved = format.make (*this);
+        saved->set (8, 1.0f), saved->set (7, 0.25f), loaded->set (8, 0.0f);
+        const auto state = saved->save();
+
+        for (std::size_t size = 0; size < state.size(); size += 1 + state.size() / 16)
+            loaded->load (state.substr (0, size));
+
+        loaded->load (state);
+        EXPECT_EQ (std::pair (loaded->get (8), loaded->get (7)), std::pair (1.0f, 0.25f)) << format.name;
+        EXPECT_EQ (loaded->save(), state) << format.name;
+    }
+}
+
+TEST_P (ConformanceTest, OpensItsEditorInTheHostsWindowAndClosesIt)
+{
+    ParentWindow parent;
+    const auto form = makeForm(), other = makeForm();
+
+    for (int round = 0; round < 2; ++round)
+    {
+        const auto size = form->open (parent.window);
+        EXPECT_GT (size.first, 100);
+        await ([&] { return parent.getContentSize() == size; });
+        EXPECT_FALSE (ticksHere());
+        form->close();
+        EXPECT_EQ (parent.getContentSize(), std::pair (0, 0));
+    }
+}
+
+TEST_P (ConformanceTest, ComesAndGoesInAnyOrderAndTicksWithNoEventLoop)
+{
+    std::vector<std::unique_ptr<Form>> forms (20);
+
+    for (auto& form : forms)
+        form = makeForm();
+
+    EXPECT_FALSE (ticksHere());
+    std::shuffle (forms.begin(), forms.end(), std::mt19937 (1));
+}
