@@ -1,5 +1,5 @@
 -- SPDX-License-Identifier: GPL-3.0-or-later
--- One step of the comparison in Ardour's script console:
+-- One step of the comparison in Ardour's script console, with the listener of the format that LISTENER names:
 --   create FOLDER TRACK...    saves a session with the tracks "Listener" and "Sender", which play the same recording
 --   add FOLDER TRACK          puts a sender with nothing to send before all others
 --   export FOLDER BLOCKSIZE [fresh]
@@ -24,9 +24,13 @@ local function writeRecording()
     file:close()
 end
 
+local isVst2 = os.getenv ("LISTENER") == "VST2"
+
 local function addPlugin (track, isListener)
-    local id = isListener and "69B6DB0CD585A94854524B504C4D5730" or "ABCDEF019182FAEB4F727678426C5364"
-    local plugin = ARDOUR.LuaAPI.new_plugin (Session, id, ARDOUR.PluginType.VST3, "")
+    local vst2, vst3, senders = "1364809520", "69B6DB0CD585A94854524B504C4D5730", "ABCDEF019182FAEB4F727678426C5364"
+    local id = isListener and (isVst2 and vst2 or vst3) or senders
+    local type = isListener and isVst2 and ARDOUR.PluginType.LXVST or ARDOUR.PluginType.VST3
+    local plugin = ARDOUR.LuaAPI.new_plugin (Session, id, type, "")
     assert (not plugin:isnil() and track:add_processor_by_index (plugin, 0, nil, true) == 0, "cannot add a plug-in")
 end
 
@@ -75,7 +79,7 @@ if step == "add" and Session:route_by_name (arg[3]):isnil() then
     addTrack (arg[3], 0)
     Session:save_state ("", false, false, false, false, false)
 elseif step == "export" then
-    local track, toggleParameter = Session:route_by_name ("Listener"), 1   -- after the bypass
+    local track, toggleParameter = Session:route_by_name ("Listener"), isVst2 and 3 or 1   -- its id; after the bypass
 
     if arg[4] == "fresh" then
         assert (track:remove_processor (track:nth_plugin (0), nil, true) == 0, "cannot remove the listener")
