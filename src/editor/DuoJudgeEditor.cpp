@@ -33,7 +33,8 @@ DuoJudgeEditor::~DuoJudgeEditor()
 void DuoJudgeEditor::controlValueChanged (OxJuceControl& control)
 {
     DuoJudgeEditorBase::controlValueChanged (control);
-    const auto isReleased = control.getValue() == 0.0f;
+    const auto isInView = control.getParentComponent() != nullptr;   // what goes with its view is let go of too
+    const auto isReleased = isInView && control.getValue() == 0.0f;
 
     if (&control == &m_selPodList)
         selectPod (m_selPodList.getSelectedIndex());
