@@ -40,26 +40,35 @@ juce::Image painted (int width, int height, Paint&& paint)
     return image;
 }
 
-/** Says whether two pictures are the same but for `tolerance` in any channel; if not, writes both and what differs. */
-inline bool looksLike (const juce::Image& expected, const juce::Image& actual, int tolerance = 1)
+/** Whether no pixel is further apart than `tolerance` in any channel, and no more than `maxPixels` are apart at all. */
+inline bool isNear (const juce::Image& expected, const juce::Image& actual, int tolerance, int maxPixels)
 {
-    juce::Image apart (juce::Image::RGB, actual.getWidth(), actual.getHeight(), true);
-    const auto found = difference (expected, actual, apart);
+    const auto found = difference (expected, actual);
+    return expected.getBounds() == actual.getBounds() && found.largest <= tolerance && found.numPixels <= maxPixels;
+}
 
-    if (expected.getBounds() == actual.getBounds() && found.largest <= tolerance)
+inline void writePicture (const juce::File& file, const juce::Image& image)
+{
+    file.deleteFile();
+    juce::FileOutputStream out (file);
+    juce::PNGImageFormat().writeImageToStream (image, out);
+}
+
+/** Says whether two pictures are near each other; if not, writes both and what differs. */
+inline bool looksLike (const juce::Image& expected, const juce::Image& actual, int tolerance = 1,
+                       int maxPixels = std::numeric_limits<int>::max(), const juce::String& name = {})
+{
+    if (isNear (expected, actual, tolerance, maxPixels))
         return true;
 
+    juce::Image apart (juce::Image::RGB, actual.getWidth(), actual.getHeight(), true);
+    const auto found = difference (expected, actual, apart);
     const auto folder = juce::File::getSpecialLocation (juce::File::tempDirectory).getChildFile ("duojudge-pictures");
     folder.createDirectory();
-
-    for (const auto& [name, image] :
-         { std::pair ("expected.png", expected), { "actual.png", actual }, { "apart.png", apart } })
-    {
-        folder.getChildFile (name).deleteFile();
-        juce::FileOutputStream out (folder.getChildFile (name));
-        juce::PNGImageFormat().writeImageToStream (image, out);
-    }
-
-    std::cerr << "the pictures are in " << folder.getFullPathName() << "\n";
+    writePicture (folder.getChildFile (name + "expected.png"), expected);
+    writePicture (folder.getChildFile (name + "actual.png"), actual);
+    writePicture (folder.getChildFile (name + "apart.png"), apart);
+    std::cerr << found.numPixels << " pixels are apart, by up to " << found.largest << ": see "
+              << folder.getFullPathName() << "\n";
     return false;
 }
