@@ -20,7 +20,8 @@ constexpr View views[] { { "normal", "" },
                          { "pods", "m_selPodList" },
                          { "test", "m_btnTest" },
                          { "results", "m_btnTest A A B m_btnReveal" },
-                         { "results100", "m_btnTest B m_btnReveal" } };
+                         { "results100", "m_btnTest B m_btnReveal" },
+                         { "manual", "m_btnTitle \"Menu item 4\"" } };
 
 struct PictureTest : testing::TestWithParam<View>
 {
@@ -32,8 +33,8 @@ TEST_P (PictureTest, LooksAsItDid)
     EditorRig rig;
     rig.addPod(), rig.tick();
 
-    for (const auto& word : juce::StringArray::fromTokens (GetParam().clicks, false))
-        word.length() == 1 ? rig.vote (word == "B") : rig.click (word);
+    for (const auto& word : juce::StringArray::fromTokens (GetParam().clicks, true))
+        word.length() == 1 ? rig.vote (word == "B") : rig.click (word.unquoted());
 
     rig.move ({ 3, 3 });
     const XWindow screen (rig.window);
