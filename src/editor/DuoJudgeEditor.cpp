@@ -64,7 +64,8 @@ void DuoJudgeEditor::resumeTest()
 
 void DuoJudgeEditor::takeInstanceName()
 {
-    processor.setInstanceName (m_btnNameDisplay.getText());
+    const auto name = m_btnNameDisplay.getText();
+    processor.setInstanceName (name == kUnnamed ? "" : name);
     showInstanceName();
 }
 

@@ -52,6 +52,7 @@ private:
     void showTestView();
     void showResultsView();
     void showNameAndPod (bool shown);
+    void lockPods (bool locked);
     void placeSendGain();
     void updateStatistics();
     void showInstanceName();
@@ -92,6 +93,7 @@ private:
     OxJuceOglFont bigLettersFont, font44;
     OxJuceLines sendGainLine, chooseLineLeft, chooseLineRight, statsLineLeft, statsLineRight;
 
+    static constexpr const char* kUnnamed = "Self";
     static constexpr const char* kLargeFrame = "ButtonMid";
     static constexpr const char* kSmallFrame = "ButtonVSmall";
     static constexpr int kLargeCorner = 9, kSmallCorner = 4;   // pixels

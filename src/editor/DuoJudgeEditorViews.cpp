@@ -31,7 +31,7 @@ void DuoJudgeEditor::showNormalView()
     put (mainGrid, 1, 3, m_btnSelect_A);
     put (mainGrid, 3, 3, m_btnSelect_B);
     showNameAndPod (true);
-    m_selPodList.setLocked (false);
+    lockPods (false);
     put (mainGrid, 2, 5, m_btnTitle, kCentred);
     put (mainGrid, 1, 5, m_btnTest, kTopCentre);
     put (mainGrid, 3, 5, gainControlGrid);
@@ -79,7 +79,7 @@ void DuoJudgeEditor::showResultsView()
     put (statisticsGrid, 2, 2, m_textStatistics);
     put (statisticsGrid, 0, 2, statsLineLeft, kMiddleLeft);
     put (statisticsGrid, 4, 2, statsLineRight, kMiddleRight);
-    m_selPodList.setLocked (true);
+    lockPods (true);
     updateStatistics();
 
     if (const auto votes = processor.getVoteStatistics(); votes.percentA != votes.percentB)
@@ -97,6 +97,13 @@ void DuoJudgeEditor::showNameAndPod (bool shown)
     put (mainGrid, 3, 1, m_selPodList);
     m_btnNameDisplay.setVisible (shown);
     m_selPodList.setVisible (shown);
+}
+
+/** A list that cannot be opened is grey too, which the lock alone does not make it. */
+void DuoJudgeEditor::lockPods (bool locked)
+{
+    m_selPodList.setLocked (locked);
+    m_selPodList.setEnabled (! locked);
 }
 
 /** The knob travels along the line; its control is laid over the cell by hand, for a grid knows nothing of travel. */
@@ -130,5 +137,5 @@ void DuoJudgeEditor::updateStatistics()
 void DuoJudgeEditor::showInstanceName()
 {
     const auto name = processor.getInstanceName();
-    m_btnNameDisplay.setText (name.isEmpty() ? "Self" : name);
+    m_btnNameDisplay.setText (name.isEmpty() ? kUnnamed : name);
 }

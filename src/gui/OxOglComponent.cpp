@@ -2,6 +2,7 @@
 #include "gui/OxOglComponent.h"
 
 #include "gui/OxJuceEditorBase.h"
+#include "platform/EventsReadAhead.h"
 #include "platform/VerticalSync.h"
 
 using namespace juce::gl;
@@ -189,6 +190,7 @@ void OxOglComponent::waitForTurn()
 void OxOglComponent::renderOpenGL()
 {
     waitForTurn();
+    platform::deliverEventsReadAhead();
     glClear (GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
 
     auto* const owner = editor.get();
