@@ -11,7 +11,7 @@ void platform::deliverEventsReadAhead()
 {
     auto* const display = glXGetCurrentDisplay();
 
-    if (display == nullptr || XEventsQueued (display, QueuedAlready) == 0)
+    if (display == nullptr || QLength (display) == 0)
         return;
 
     juce::MessageManager::callAsync ([connection = ConnectionNumber (display)]
