@@ -49,6 +49,7 @@ TEST_P (PictureTest, LooksAsItDid)
 
     constexpr int tolerance = 2, maxPixels = 1000;   // what renderers may round otherwise
     const auto golden = juce::ImageFileFormat::loadFrom (file);
+    ASSERT_TRUE (golden.isValid()) << file.getFullPathName();
     EXPECT_TRUE (pumpUntil ([&] { return isNear (golden, screen.picture(), tolerance, maxPixels); }) ||
                  looksLike (golden, screen.picture(), tolerance, maxPixels, GetParam().name + juce::String ("-")));
 }
