@@ -233,7 +233,7 @@ bool OxJuceControl::hostMouseDown (const juce::MouseEvent& event)
 
 bool OxJuceControl::hostMouseDrag (const juce::MouseEvent& event)
 {
-    return isOfferedToHost() && editor.get()->hostMouseDrag (event, parameterId);
+    return isEnabled() && isOfferedToHost() && editor.get()->hostMouseDrag (event, parameterId);
 }
 
 bool OxJuceControl::hostMouseUp (const juce::MouseEvent& event)

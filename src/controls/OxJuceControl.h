@@ -42,7 +42,6 @@ public:
     int getParameterId() const noexcept { return parameterId; }
     float getValue() const noexcept { return value; }                      // [any thread]
     int getCode() const noexcept { return thousandths::toCode (value); }   // the entry, of a control that chooses one
-    float getDefaultValue() const noexcept { return defaultValue; }
     bool isLocked() const noexcept { return locked; }   // [any thread]
     bool isChanging() const noexcept { return changing; }
 

@@ -26,7 +26,6 @@ public:
 
     /** @param speed 1 for 200 pixels from end to end */
     virtual void setDragSpeed (float speed) { dragSpeed = speed * kDefaultDragSpeed; }
-    float getDragSpeed() const noexcept { return dragSpeed; }   // value per pixel
 
     /** Whether it shows the picture of one that is held. */
     virtual bool isDraggingLook() const { return isChanging() && getImage (1).isValid(); }

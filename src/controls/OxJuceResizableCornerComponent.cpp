@@ -22,11 +22,6 @@ OxJuceResizableCornerComponent::OxJuceResizableCornerComponent (juce::Component*
     setMouseCursor (juce::MouseCursor::BottomRightCornerResizeCursor);
 }
 
-double OxJuceResizableCornerComponent::getMilliseconds() const
-{
-    return juce::Time::getMillisecondCounterHiRes();
-}
-
 void OxJuceResizableCornerComponent::mouseDown (const juce::MouseEvent&)
 {
     if (target == nullptr)
@@ -40,7 +35,7 @@ void OxJuceResizableCornerComponent::mouseDown (const juce::MouseEvent&)
 
 void OxJuceResizableCornerComponent::mouseDrag (const juce::MouseEvent& event)
 {
-    const auto now = getMilliseconds();
+    const auto now = juce::Time::getMillisecondCounterHiRes();
 
     if (now < nextStepTime)
         return;

@@ -22,10 +22,6 @@ public:
     void mouseUp (const juce::MouseEvent& event) override;
     bool hitTest (int x, int y) override;
 
-protected:
-    /** Milliseconds of a clock that only goes forward. */
-    virtual double getMilliseconds() const;
-
 private:
     juce::WeakReference<juce::Component> target;
     juce::ComponentBoundsConstrainer* constrainer;

@@ -55,7 +55,6 @@ void OxJuceScalableButton::setStripImage (const juce::Image& image, int cornerW,
 
     updateTextureEdges();
     forEachState (kAllStates, [this] (std::size_t state) { updateRows (state); });
-    refresh();
 }
 
 void OxJuceScalableButton::setGradient (const std::vector<OxJuceMultiGradientHelper::Stop>& stops, int state)

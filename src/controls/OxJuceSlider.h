@@ -25,7 +25,6 @@ public:
         @param chooseOrientation takes the longer side, or for a square the height, as the slider's length */
     virtual void setTrackBounds (int x, int y, int width, int height, bool chooseOrientation);
     virtual void setTrackBounds (juce::Rectangle<int> travel, bool chooseOrientation);
-    juce::Rectangle<int> getTrackBounds() const noexcept { return trackBounds; }
 
     /** Places the control: the travel is shorter by half a thumb at each end, so that the thumb never leaves it. */
     virtual void setControlBounds (int x, int y, int width, int height);

@@ -33,7 +33,7 @@ DuoJudgeEditor::~DuoJudgeEditor()
 void DuoJudgeEditor::controlValueChanged (OxJuceControl& control)
 {
     DuoJudgeEditorBase::controlValueChanged (control);
-    const auto isInView = control.getParentComponent() != nullptr;   // what goes with its view is let go of too
+    const auto isInView = control.isShowing();   // what goes with its view is let go of too
     const auto isReleased = isInView && control.getValue() == 0.0f;
 
     if (&control == &m_selPodList)

@@ -4,7 +4,6 @@
 namespace
 {
 
-constexpr int kFill = 10;      // alignment code of a grid
 constexpr int kRelative = 0;   // a track that shares what the others leave
 
 void setTracks (OxJuceOglGridComponent& grid, std::initializer_list<int> columns, std::initializer_list<int> rows)
@@ -20,8 +19,6 @@ void setTracks (OxJuceOglGridComponent& grid, std::initializer_list<int> columns
     for (const auto height : rows)
         if (const auto index = row++; height != kRelative)
             grid.setRowSize (index, height, true);
-
-    grid.setDefaultAlignment (kFill);
 }
 
 }   // namespace

@@ -18,7 +18,11 @@ void put (OxJuceOglGridComponent& grid, int column, int row, juce::Component& co
     if (grid.getCellComponent (column, row) == &component)
         return;
 
-    // What stands in the cell goes first: the alignment of another view is not to change its size.
+    // A gesture on what goes ends now, before the scene is held. It goes before the alignment changes, which is not to
+    // change its size.
+    if (auto* const before = grid.getCellComponent (column, row))
+        before->setVisible (false);
+
     grid.setCellComponent (column, row, nullptr);
     grid.setCellAlignment (column, row, alignment);
     grid.setCellComponent (column, row, &component);

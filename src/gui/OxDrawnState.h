@@ -5,8 +5,8 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
-/** Where a component lies, whether it shows and whether it is enabled, for the render thread to read while the message thread moves it. A frame may
-    meet a move half done; the next one does not. */
+/** Where a component lies, whether it shows and whether it is enabled, for the render thread to read while the message
+    thread moves it. A frame may meet a move half done; the next one does not. */
 class OxDrawnState : private juce::ComponentListener
 {
 public:

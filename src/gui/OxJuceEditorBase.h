@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/OxJuceButton.h"
+#include "framework/OxJuceColourParamUser.h"
 #include "framework/OxJuceProcessorBase.h"
 #include "gui/EditorMouseListener.h"
 #include "gui/EditorOverlays.h"
@@ -17,6 +18,7 @@
 class OxJuceEditorBase : public juce::AudioProcessorEditor,
                          public OxJuceControl::Listener,
                          public juce::Timer,
+                         public OxJuceColourParamUser,
                          public OxJuceChannelUser
 {
 public:

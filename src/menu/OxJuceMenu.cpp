@@ -128,8 +128,8 @@ void OxJuceMenu::controlValueChanged (OxJuceControl& control)
 
 OxJuceButton& OxJuceMenu::addItem (const juce::String& text, juce::Rectangle<int> bounds)
 {
-    jassert (itemCount < kNumItems);
-    auto& item = *items[static_cast<std::size_t> (std::min (itemCount++, kNumItems - 1))];
+    itemCount = std::min (itemCount + 1, kNumItems);   // one line too many takes the place of the last
+    auto& item = *items[static_cast<std::size_t> (itemCount - 1)];
     item.attach (kNoParam, &editor);
     item.momentary = false;
     item.setStateFill (juce::Colours::transparentBlack, kAll);

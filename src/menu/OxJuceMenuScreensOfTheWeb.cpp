@@ -97,7 +97,7 @@ struct OxJuceMenuScreenErrorContactingVersionServer : OxJuceMenuScreen
 
 void OxJuceMenuScreenOpenManual::build (OxJuceMenu& menu)
 {
-    if (platform::openForUser (juce::URL (platform::getFileAt (getNativeManualPath()))))
+    if (platform::openForUser (juce::URL (platform::getFileAt (getManualPath()))))
         menu.setNextScreen<OxJuceMenuScreenMainMenu>();
     else
         menu.setNextScreen<OxJuceMenuScreenOpenManualError>();

@@ -19,8 +19,10 @@ bool openForUser (const juce::URL& url)
     if (url.isEmpty() || (url.isLocalFile() && ! url.getLocalFile().existsAsFile()))
         return false;
 
-    // By its address a file is never taken for a program to run, whatever its permissions say.
-    return redirectedViewer() ? redirectedViewer() (url.toString (true)) : url.launchInDefaultBrowser();
+    // By its address a file is never taken for a program to run, whatever its permissions say; and where a shell starts
+    // the viewer, it is to find nothing in the address to expand.
+    const auto address = url.toString (true).replace ("$", "%24");
+    return redirectedViewer() ? redirectedViewer() (address) : juce::Process::openDocument (address, {});
 }
 
 ScopedViewer::ScopedViewer (Viewer viewer) : previous (std::exchange (redirectedViewer(), std::move (viewer)))
