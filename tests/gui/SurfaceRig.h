@@ -29,6 +29,21 @@ bool pumpUntil (Condition&& holds)
     return true;
 }
 
+/** Runs the toolkit's events for a while. */
+inline void pumpFor (juce::uint32 milliseconds)
+{
+    pumpUntil ([end = juce::Time::getMillisecondCounter() + milliseconds]
+               { return juce::Time::getMillisecondCounter() > end; });
+}
+
+/** The mouse over a window on the desktop, as the toolkit hears of it. */
+inline void moveMouse (juce::Component& window, juce::Point<int> place, juce::ModifierKeys buttons)
+{
+    window.getPeer()->handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse, place.toFloat(), buttons,
+                                        juce::MouseInputSource::defaultPressure,
+                                        juce::MouseInputSource::defaultOrientation, juce::Time::currentTimeMillis());
+}
+
 /** An element that draws what a test says. */
 struct Sketch : OxOglChildComponent
 {
