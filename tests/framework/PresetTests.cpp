@@ -3,7 +3,6 @@
 #include "framework/OxJucePresetNavUndoableAction.h"
 #include "framework/PresetNames.h"
 #include "framework/Rig.h"
-#include "framework/Settings.h"
 
 #include <sys/stat.h>
 
@@ -56,17 +55,6 @@ struct PresetRig : Rig
 const auto make = [] (bool inFiles = true) { return std::make_unique<PresetRig> (inFiles); };
 
 }   // namespace
-
-TEST (PresetTest, NamesAreEscapedWhereTheyDividePathsAndLoseWhatIsNotPlain)
-{
-    for (const auto& [shown, encoded, back] : { std::tuple ("A/B (x)|y", "A&2FB &28x&29&7Cy", "A/B (x)|y"),
-                                                { "Caf\xc3\xa9", "Caf", "Caf" },
-                                                { "100%2F\\", "100%2F&5C", "100/\\" } })
-    {
-        const auto text = encodePresetName (juce::CharPointer_UTF8 (shown));
-        EXPECT_TRUE (text == encoded && decodePresetName (text) == back && encodePresetName (text) == text) << shown;
-    }
-}
 
 TEST (PresetTest, AFileOfThisVersionLoadsForeverAndIsWrittenTheSame)
 {
@@ -247,38 +235,6 @@ TEST (NavigationTest, AChangeOfChannelsBeginsAgainFromWhatWasChosen)
     EXPECT_TRUE (change() == "b clears 0.5" && at ("b.oxp").deleteFile());
     rig = make (false);
     EXPECT_EQ (change(), "a clears 0.25");
-}
-
-TEST (NavigationTest, AStateNamesItsFileAndBringsItsOwnValues)
-{
-    const std::tuple<const char*, const char*, const char*, bool> cases[] { { "My (soft)", "A/B", "A/B", true },
-                                                                            { "", "Default", "Default", true },
-                                                                            { "", "b", "User01", false },
-                                                                            { "gone", "x", "x", false } };
-
-    for (const auto& [folder, name, shown, found] : cases)
-    {
-        auto saved = make(), loaded = make();
-        EXPECT_TRUE (*folder == 'g' || saved->save (folder, name, 1.0f));
-        saved->loadPreset (folder, name), saved->setParamDirect (Resume, 0.5f, false);
-        juce::MemoryBlock state;
-        saved->getStateInformation (state);
-        loaded->setStateInformation (state.getData(), static_cast<int> (state.getSize()));
-        EXPECT_TRUE (loaded->getProgramName (0) == shown && loaded->getParameter (Resume) == 0.5f) << name;
-        EXPECT_EQ (loaded->getPresetState().isLoaded(), found) << name;
-    }
-}
-
-TEST (NavigationTest, FactoryFoldersStandFirstAndLieInTheInstallFolder)
-{
-    auto rig = make();
-    const OxJucePresetFolders folders (*rig);
-    const juce::ScopedValueSetter<juce::StringArray> factory (OxJucePresetFolders::factoryFolders, { "Z", "A" });
-    EXPECT_TRUE (rig->save ("B", "b", 0.5f) && folders.getFolderPath ("Z") == at ("Z"));
-    EXPECT_TRUE (writeSettingText ("Install Folder", at ("install").getFullPathName().replaceCharacter ('/', '\\')));
-    EXPECT_TRUE (rig->save ("A", "a", 0.5f) && at ("install/Presets/A/a.oxp").existsAsFile());
-    EXPECT_EQ (folders.listPresetFolders().joinIntoString (","), "Z,A,B,install");
-    EXPECT_TRUE (folders.createPresetFolder ("C/") && at ("C&2F").isDirectory() && ! folders.createPresetFolder ("Z"));
 }
 
 TEST (NavigationTest, NewInstancesBeginWithTheStoredDefaults)

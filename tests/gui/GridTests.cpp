@@ -65,41 +65,4 @@ TEST (GridTest, PutsGapsAndSpansAroundHiddenColumns)
     EXPECT_EQ (grid.getCellRect (0, 0), Box (0, 0, 20, 49));
 }
 
-TEST (GridTest, LaysOutWhenSomethingChangesAndOnlyThen)
-{
-    Piece piece, extra, parent, late;
-    Grid grid (2, 2);
-    parent.addAndMakeVisible (grid);
-    grid.setCellComponent (0, 0, &piece), grid.setCellExtraComponent (0, 0, &extra, false, true);
-    grid.setCellComponent (1, 1, &late);
-    const std::tuple<const char*, std::function<bool()>, bool, bool> rows[] {
-        { "same size", [&] { return grid.setRowSize (0, 100, false); }, true, false },
-        { "size", [&] { return grid.setRowSize (0, 10, true); }, true, true },
-        { "no row", [&] { return grid.setRowSize (2, 1, true) || grid.setRowSize (-1, 1, true); }, false, false },
-        { "same again", [&] { return grid.setNumRows (2), grid.setCellSpan (0, 0, 1, 1); }, true, false },
-        { "nothing", [&] { return grid.setCellComponent (1, 1, nullptr); }, true, false },
-        { "span of none", [&] { return grid.setCellSpan (0, 0, 0, 1); }, false, false },
-        { "span too wide", [&] { return grid.setCellSpan (1, 0, 2, 1); }, false, false },
-        { "span", [&] { return grid.setCellSpan (0, 0, 1, 2); }, true, true },
-        { "spans elsewhere", [&] { return grid.resetCellSpans (1, 0, 1, 2); }, true, false },
-        { "spans", [&] { return grid.resetCellSpans (0, 0, 2, 2); }, true, true },
-        { "alignment", [&] { return grid.setRowAlignment (0, 9) && grid.setColumnAlignment (0, 5); }, true, true },
-        { "no cell", [&] { return grid.setCellComponent (1, 2, &late); }, false, false },
-        { "itself", [&] { return grid.setCellComponent (1, 1, &grid); }, false, false },
-        { "its parent", [&] { return grid.setCellComponent (1, 1, &parent); }, false, false },
-        { "component", [&] { return grid.setCellComponent (1, 0, &late); }, true, true },
-        { "resize", [&] { return grid.setSize (50, 60), true; }, true, true }
-    };
-
-    for (const auto& [what, change, answer, laysOut] : rows)
-    {
-        piece.setBounds (99, 98, 7, 5);   // where no layout puts it
-        EXPECT_EQ (change(), answer) << what;
-        EXPECT_EQ (piece.getPosition() != juce::Point (99, 98), laysOut) << what;
-    }
-
-    EXPECT_EQ (piece.getBounds(), Box (9, 3, 7, 5)) << "the column's alignment goes before the row's";
-    EXPECT_EQ (extra.getParentComponent(), nullptr);
-}
-
 }   // namespace

@@ -68,9 +68,6 @@ struct Sketch : OxOglChildComponent
     }
 
     using OxOglComponentUser::drawFilledRect;
-    using OxOglComponentUser::drawGradientQuad;
-    using OxOglComponentUser::drawLine;
-    using OxOglComponentUser::drawRectOutline;
     juce::Colour& colour() { return getSurface()->glState.pending.colour; }
 
     std::function<void (Sketch&)> sketch;

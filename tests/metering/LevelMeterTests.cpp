@@ -56,7 +56,6 @@ struct Meter : Timed
 
     std::map<float, juce::String> colours;     // by the bottom in dB
     std::vector<juce::Rectangle<int>> areas;   // from the bottom up
-    using Scalable::Bar, Scalable::LabelPlacer, Scalable::placeTick, Scalable::Side;
 };
 
 TEST (LevelMeterDisplayTest, FitsWholeSegmentsToAnySize)
@@ -111,33 +110,6 @@ TEST (LevelMeterDisplayTest, ColoursSegmentsByZoneLevelAndMarkerWhichBlinksAbove
         meter.hold.feed (peak, meter.getTime()), meter.take();
         EXPECT_EQ (meter.colours[at], colour) << level << " at " << at << ", " << ms << " ms";
     }
-}
-
-TEST (LevelMeterDisplayTest, PlacesTicksAndLabelsThatDoNotOverlap)
-{
-    Meter meter;
-    const auto places = [&] (const Meter::Bar& bar)
-    {
-        Meter::LabelPlacer placer (meter, bar);
-        juce::StringArray found;
-
-        for (std::size_t index = 0; index < meter.getLabelTexts().size(); ++index)
-            if (const auto box = placer.place (index, 6, 12))
-                found.add (meter.getLabelTexts()[index] + ": " + box->toString());
-
-        for (const std::size_t index : { 0u, 1u, 2u })
-            for (const auto side : { Meter::Side::before, Meter::Side::after })
-                if (const auto tick = meter.placeTick (index, side, bar); ! tick.isEmpty())
-                    found.add (tick.toString());
-
-        return found.joinIntoString (" | ");
-    };
-    const Meter::Bar upright { true, 10, 128, -16.0f, 0.0f };
-    meter.setLabelValues ({ 3, 0, -1, -2, -3, -4, -17 }), meter.setTickValues ({ 3, 0, -4 });
-    meter.setLabelOffsets ({ {}, { 5, 0 } }), meter.setTickOffsets ({ {}, { 0, 2 } });
-    meter.labelOffset = juce::Point (0, 1), meter.tickOffsetRight = juce::Point (12, 0);
-    meter.ticksRight = true;
-    EXPECT_EQ (places (upright), "0: -9 -5 6 12 | -2: -14 11 6 12 | -4: -14 27 6 12 | 23 2 3 1 | 23 31 3 1");
 }
 
 TEST (LevelMeterDisplayTest, ShowsTheSamePictureByBothRenderers)
