@@ -43,11 +43,6 @@ struct PresetRig : Rig
         return ! preset.save() && preset.capture() && preset.save();
     }
     juce::String place() { return getPresetState().getName() + " " + juce::String (getParameter (Resume)); }
-    juce::MemoryBlock moment()
-    {
-        juce::MemoryBlock state;
-        return saveXmlState (state), state;
-    }
     juce::String step (int param) { return setParamUndoable (param, 1.0f, true), place(); }
     juce::String block, converted;
 };
@@ -174,24 +169,6 @@ TEST (NavigationTest, WhatIsListedLoadsHoweverItIsWrittenAndNothingLeavesTheRoot
         EXPECT_FALSE (folders.createPresetFolder (folder) || rig->save (folder, "x", 1.0f)) << out;
         EXPECT_TRUE (! rig->loadPreset (folder, "x") && folders.listPresetFiles (folder).isEmpty()) << out;
     }
-}
-
-TEST (NavigationTest, AnUndoneStepBringsBackWhatWasEditedAndAResetThePreset)
-{
-    auto rig = make();
-    EXPECT_TRUE (rig->save ("User", "a", 0.25f));
-    rig->setParamDirect (ToggleXY, 1.0f, false), rig->setParamDirect (Reveal, 1.0f, false);
-    EXPECT_TRUE (rig->save ("User", "b", 0.5f));
-    const auto old = at ("User/b.oxp").loadFileAsString().replace ("FileVersion=\"1\"", "FileVersion=\"0\"");
-    EXPECT_TRUE (at ("User/b.oxp").replaceWithText (old) && rig->loadPreset ("User", "a"));
-    rig->setParamDirect (Reveal, 1.0f, false), rig->setParamDirect (Resume, 0.375f, false);
-    rig->beginNewTransaction();
-    const auto before = rig->moment(), after = (rig->step (PresetNext), rig->moment());
-
-    for (const auto& [param, expected] : { std::pair (Undo, before), { Redo, after }, { Undo, before } })
-        EXPECT_TRUE ((rig->step (param), rig->moment()) == expected) << param;
-
-    EXPECT_TRUE (rig->step (ResetToPreset) == "a 0.25" && rig->converted == "0 0 ");
 }
 
 TEST (NavigationTest, ProgramsAreWalkedRoundBothEndsAndUndone)

@@ -47,17 +47,6 @@ TEST (SurfaceTest, DrawsChildrenInTheirOrderAndNothingOfAHiddenTree)
     EXPECT_EQ (rig.picture().getPixelAt (16, 11), juce::Colours::black);
 }
 
-TEST (SurfaceTest, ShowsNothingAndTicksNotUntilRenderingIsEnabled)
-{
-    SurfaceRig rig (80, 60, false);
-    Sketch sketch ({ 0, 0, 9, 9 });
-    rig.add (sketch);
-    pumpFor (100);
-    EXPECT_TRUE (sketch.numDraws == 0 && rig.numTicks == 0 && ! rig.editor->isTimerRunning());
-    rig.editor->surface.enableRendering();
-    EXPECT_TRUE (pumpUntil ([&] { return sketch.numDraws > 1 && rig.numTicks > 1; }));
-}
-
 TEST (SurfaceTest, MakesNoMoreFramesThanItsPaceAllows)
 {
     SurfaceRig rig;
