@@ -6,27 +6,6 @@
 namespace
 {
 
-TEST (ButtonTest, TellsEachClickAsOneGestureEvenIfAListenerLocksItForAnInstant)
-{
-    for (const auto& [momentary, locked, moment, heard] : { std::tuple (false, false, "", "< 1 > < 0 >"),
-                                                            { true, false, "", "< 1 0 > < 1 0 >" },
-                                                            { false, true, "", "" },
-                                                            { true, false, "1", "< 1 0 > < 1 0 >" },
-                                                            { true, false, "0", "< 1 0 > < 1 0 >" } })
-    {
-        OxJuceButton button ("button");
-        Hand hand (button);
-        hand.react = [&, when = juce::String (moment)] (const juce::String& what)
-        {
-            if (what == when)
-                button.setLocked (true), button.setLocked (false);
-        };
-        button.momentary = momentary;
-        button.setLocked (locked);
-        EXPECT_EQ (hand.play ("press | release | press | release"), heard) << moment;
-    }
-}
-
 TEST (ControlTest, LivesThroughAListenerThatDeletesIt)
 {
     for (const auto* const last : { "<", "1", "0", ">" })

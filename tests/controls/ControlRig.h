@@ -2,7 +2,7 @@
 #pragma once
 
 #include "controls/OxJuceDragControl.h"
-#include "gui/GlCounter.h"
+#include "gui/GlSwitch.h"
 #include "gui/Pictures.h"
 #include "gui/SurfaceRig.h"
 
@@ -85,14 +85,7 @@ struct ControlRig : SurfaceRig, EditorMouseListener
 {
     using SurfaceRig::SurfaceRig;
 
-    void move (juce::Point<int> place, juce::ModifierKeys buttons = {})
-    {
-        window.getPeer()->handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse, place.toFloat(), buttons,
-                                            juce::MouseInputSource::defaultPressure,
-                                            juce::MouseInputSource::defaultOrientation,
-                                            juce::Time::currentTimeMillis());
-    }
-
+    void move (juce::Point<int> place, juce::ModifierKeys buttons = {}) { moveMouse (window, place, buttons); }
     void click (juce::Point<int> place)
     {
         for (const auto buttons : { 0, int { juce::ModifierKeys::leftButtonModifier }, 0 })
@@ -110,8 +103,8 @@ struct ControlRig : SurfaceRig, EditorMouseListener
         return counted;
     }
 
-    void frameBegins() override { GlCounter::passesOn = ! drawsNowhere; }
-    void frameEnds() override { GlCounter::passesOn = true; }
+    void frameBegins() override { GlSwitch::passesOn = ! drawsNowhere; }
+    void frameEnds() override { GlSwitch::passesOn = true; }
     bool hostMouseDown (const juce::MouseEvent&, int) override { return true; }
     bool hostMouseDrag (const juce::MouseEvent&, int) override { return true; }
     bool hostMouseUp (const juce::MouseEvent&, int) override { return true; }

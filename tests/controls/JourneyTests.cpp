@@ -94,9 +94,7 @@ private:
         for (auto letter = text.getCharPointer(); ! letter.isEmpty();)
             modal()->getPeer()->handleKeyPress (0, letter.getAndAdvance());
 
-        EXPECT_TRUE (
-            pumpUntil ([end = juce::Time::getMillisecondCounter() + 510]   // before which nothing ends the edit
-                       { return juce::Time::getMillisecondCounter() > end; }));
+        pumpFor (510);   // before which nothing ends the edit
     }
 
     void end (int key)

@@ -4,7 +4,7 @@
 #include "controls/OxJuceSelectorControl.h"
 #include "controls/OxJuceTextEdit.h"
 #include "engine/EngineRig.h"
-#include "gui/OxJuceEditorBase.h"
+#include "gui/SurfaceRig.h"
 
 /** The product's window on the desktop, a hand on the mouse, and eyes for what its controls show. A tick of both timers
     follows every action, and no other runs while a test does not let the toolkit's events through. */
@@ -31,14 +31,7 @@ struct EditorRig : EngineRig
 
     // The mouse -------------------------------------------------------------------------------------------------------
 
-    void move (juce::Point<int> place, int buttons = 0)
-    {
-        pointer = place;
-        window.getPeer()->handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse, place.toFloat(), buttons,
-                                            juce::MouseInputSource::defaultPressure,
-                                            juce::MouseInputSource::defaultOrientation,
-                                            juce::Time::currentTimeMillis());
-    }
+    void move (juce::Point<int> place, int buttons = 0) { moveMouse (window, pointer = place, buttons); }
     void press (juce::Point<int> place) { move (place), move (place, juce::ModifierKeys::leftButtonModifier), tick(); }
     void press (const juce::String& name) { press (centre (name)); }
     void release() { move (pointer), tick(); }

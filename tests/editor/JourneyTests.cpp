@@ -3,7 +3,6 @@
 #include "LivePlayer.h"
 #include "desk/DeskRig.h"
 #include "gui/Pictures.h"
-#include "gui/SurfaceRig.h"
 
 #include "editor/XWindow.h"
 

@@ -50,16 +50,6 @@ TEST (VoteFadeTest, DrawOfTheSameSourceBringsItBackWithoutACrossfade)
         ASSERT_NEAR (heard.getSample (0, 2432 + i), static_cast<float> (i) / 2400.0f, 1e-3f) << i;
 }
 
-TEST (VoteStatisticsTest, PercentagesAreRoundedAndNeverExceedAHundred)
-{
-    for (const auto& [forA, forB, percentA, percentB] :
-         { std::tuple (0, 0, 0, 0), { 3, 1, 75, 25 }, { 2, 2, 50, 50 }, { 1, 7, 13, 87 }, { 0, 5, 0, 100 } })
-    {
-        const VoteStatistics votes (forA + forB, forA, forB);
-        EXPECT_EQ (std::pair (votes.percentA, votes.percentB), std::pair (percentA, percentB)) << forA << ":" << forB;
-    }
-}
-
 TEST (CoinTest, IsFairAndOtherInEveryRun)
 {
     const auto coin = makeFairCoin(), other = makeFairCoin();

@@ -49,33 +49,6 @@ TEST (LifecycleTest, BypassKeepsTheLatencyAndDoesNotClick)
     }
 }
 
-TEST (TransportTest, FollowsAHostThatPlaysAndStandsWithOneThatStops)
-{
-    using Host = juce::AudioPlayHead;
-    auto rig = std::make_unique<Rig>();
-    juce::AudioSampleBuffer block (2, 64);
-    rig->setParameter (TimecodeFramerate, 0.013f);
-    rig->setParamDirect (TimecodeFramerateDefault, 0.013f, false);
-
-    const std::tuple<bool, Host::FrameRateType, int> rows[] {
-        { true, Host::fpsUnknown, 6 },  { true, Host::fps24, 1 },     { false, Host::fps30, 1 },
-        { true, Host::fps25, 2 },       { true, Host::fps2997, 4 },   { true, Host::fps30, 6 },
-        { true, Host::fps2997drop, 3 }, { true, Host::fps30drop, 5 }, { true, Host::fps23976, 0 }
-    };
-
-    for (const auto& [plays, rate, code] : rows)
-    {
-        rig->position = Host::PositionInfo();
-        rig->position->setIsPlaying (plays);
-        rig->position->setTimeInSamples (plays ? code : 99);
-        rig->position->setFrameRate (rate);
-        rig->heard.clear();
-        rig->processBlock (block, rig->midi);
-        EXPECT_EQ (rig->heard + juce::String (rig->getParamCode (TimecodeFramerate)),
-                   juce::String (code) + "+64 " + juce::String (code));
-    }
-}
-
 TEST (VendorCommandTest, AnswersItsTableAndNoStranger)
 {
     auto rig = std::make_unique<Rig>();

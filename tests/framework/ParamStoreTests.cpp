@@ -25,17 +25,6 @@ TEST (ParamStoreTest, EveryPathClampsAndOnlyTheUndoableOneDropsWhatChangesNothin
     }
 }
 
-TEST (ParamStoreTest, IdsOutsideEveryGroupShareOneRecordThatNoHostReaches)
-{
-    auto rig = std::make_unique<Rig>();
-
-    for (const int param : { -1, 10, 5000, 9007, 9112, kNoParam, 10000 })
-    {
-        rig->setParameter (param, 1.0f);
-        EXPECT_TRUE (&rig->parameter (param) == &rig->parameter (kNoParam) && rig->hooks == 0) << param;
-    }
-}
-
 TEST (GestureTest, FollowersAreHeldUntilTheLastHandLetsGo)
 {
     auto rig = std::make_unique<Rig>();

@@ -3,7 +3,6 @@
 #include "framework/OxJucePresetNavUndoableAction.h"
 #include "framework/PresetNames.h"
 #include "framework/Rig.h"
-#include "framework/Settings.h"
 
 #include <sys/stat.h>
 
@@ -44,11 +43,6 @@ struct PresetRig : Rig
         return ! preset.save() && preset.capture() && preset.save();
     }
     juce::String place() { return getPresetState().getName() + " " + juce::String (getParameter (Resume)); }
-    juce::MemoryBlock moment()
-    {
-        juce::MemoryBlock state;
-        return saveXmlState (state), state;
-    }
     juce::String step (int param) { return setParamUndoable (param, 1.0f, true), place(); }
     juce::String block, converted;
 };
@@ -56,17 +50,6 @@ struct PresetRig : Rig
 const auto make = [] (bool inFiles = true) { return std::make_unique<PresetRig> (inFiles); };
 
 }   // namespace
-
-TEST (PresetTest, NamesAreEscapedWhereTheyDividePathsAndLoseWhatIsNotPlain)
-{
-    for (const auto& [shown, encoded, back] : { std::tuple ("A/B (x)|y", "A&2FB &28x&29&7Cy", "A/B (x)|y"),
-                                                { "Caf\xc3\xa9", "Caf", "Caf" },
-                                                { "100%2F\\", "100%2F&5C", "100/\\" } })
-    {
-        const auto text = encodePresetName (juce::CharPointer_UTF8 (shown));
-        EXPECT_TRUE (text == encoded && decodePresetName (text) == back && encodePresetName (text) == text) << shown;
-    }
-}
 
 TEST (PresetTest, AFileOfThisVersionLoadsForeverAndIsWrittenTheSame)
 {
@@ -188,24 +171,6 @@ TEST (NavigationTest, WhatIsListedLoadsHoweverItIsWrittenAndNothingLeavesTheRoot
     }
 }
 
-TEST (NavigationTest, AnUndoneStepBringsBackWhatWasEditedAndAResetThePreset)
-{
-    auto rig = make();
-    EXPECT_TRUE (rig->save ("User", "a", 0.25f));
-    rig->setParamDirect (ToggleXY, 1.0f, false), rig->setParamDirect (Reveal, 1.0f, false);
-    EXPECT_TRUE (rig->save ("User", "b", 0.5f));
-    const auto old = at ("User/b.oxp").loadFileAsString().replace ("FileVersion=\"1\"", "FileVersion=\"0\"");
-    EXPECT_TRUE (at ("User/b.oxp").replaceWithText (old) && rig->loadPreset ("User", "a"));
-    rig->setParamDirect (Reveal, 1.0f, false), rig->setParamDirect (Resume, 0.375f, false);
-    rig->beginNewTransaction();
-    const auto before = rig->moment(), after = (rig->step (PresetNext), rig->moment());
-
-    for (const auto& [param, expected] : { std::pair (Undo, before), { Redo, after }, { Undo, before } })
-        EXPECT_TRUE ((rig->step (param), rig->moment()) == expected) << param;
-
-    EXPECT_TRUE (rig->step (ResetToPreset) == "a 0.25" && rig->converted == "0 0 ");
-}
-
 TEST (NavigationTest, ProgramsAreWalkedRoundBothEndsAndUndone)
 {
     auto rig = make (false);
@@ -247,38 +212,6 @@ TEST (NavigationTest, AChangeOfChannelsBeginsAgainFromWhatWasChosen)
     EXPECT_TRUE (change() == "b clears 0.5" && at ("b.oxp").deleteFile());
     rig = make (false);
     EXPECT_EQ (change(), "a clears 0.25");
-}
-
-TEST (NavigationTest, AStateNamesItsFileAndBringsItsOwnValues)
-{
-    const std::tuple<const char*, const char*, const char*, bool> cases[] { { "My (soft)", "A/B", "A/B", true },
-                                                                            { "", "Default", "Default", true },
-                                                                            { "", "b", "User01", false },
-                                                                            { "gone", "x", "x", false } };
-
-    for (const auto& [folder, name, shown, found] : cases)
-    {
-        auto saved = make(), loaded = make();
-        EXPECT_TRUE (*folder == 'g' || saved->save (folder, name, 1.0f));
-        saved->loadPreset (folder, name), saved->setParamDirect (Resume, 0.5f, false);
-        juce::MemoryBlock state;
-        saved->getStateInformation (state);
-        loaded->setStateInformation (state.getData(), static_cast<int> (state.getSize()));
-        EXPECT_TRUE (loaded->getProgramName (0) == shown && loaded->getParameter (Resume) == 0.5f) << name;
-        EXPECT_EQ (loaded->getPresetState().isLoaded(), found) << name;
-    }
-}
-
-TEST (NavigationTest, FactoryFoldersStandFirstAndLieInTheInstallFolder)
-{
-    auto rig = make();
-    const OxJucePresetFolders folders (*rig);
-    const juce::ScopedValueSetter<juce::StringArray> factory (OxJucePresetFolders::factoryFolders, { "Z", "A" });
-    EXPECT_TRUE (rig->save ("B", "b", 0.5f) && folders.getFolderPath ("Z") == at ("Z"));
-    EXPECT_TRUE (writeSettingText ("Install Folder", at ("install").getFullPathName().replaceCharacter ('/', '\\')));
-    EXPECT_TRUE (rig->save ("A", "a", 0.5f) && at ("install/Presets/A/a.oxp").existsAsFile());
-    EXPECT_EQ (folders.listPresetFolders().joinIntoString (","), "Z,A,B,install");
-    EXPECT_TRUE (folders.createPresetFolder ("C/") && at ("C&2F").isDirectory() && ! folders.createPresetFolder ("Z"));
 }
 
 TEST (NavigationTest, NewInstancesBeginWithTheStoredDefaults)

@@ -7,10 +7,7 @@
 #include <gtest/gtest.h>
 
 /** The product in a host that keeps what it is told, with no timer and with the manager of one folder, if one is there. */
-struct Rig : platform::ScopedCommonProgramFilesFolder,
-             DuoJudgeProcessor,
-             juce::AudioProcessorListener,
-             juce::AudioPlayHead
+struct Rig : platform::ScopedCommonProgramFilesFolder, DuoJudgeProcessor, juce::AudioProcessorListener
 {
     explicit Rig (int numChannels = 2, const char* folder = "/nowhere", int type = typeVst3) :
         ScopedCommonProgramFilesFolder (juce::File (folder)), DuoJudgeProcessor (type)
@@ -19,7 +16,6 @@ struct Rig : platform::ScopedCommonProgramFilesFolder,
         setPlayConfigDetails (numChannels, numChannels, 44100.0, 512);
         prepareToPlay (44100.0, 512);
         addListener (this);
-        setPlayHead (this);
     }
     void parameterChanged (int param) override { ++hooks, DuoJudgeProcessor::parameterChanged (param); }
     bool updateFromParams() override { return DuoJudgeProcessor::updateFromParams() && updateSucceeds; }
@@ -35,10 +31,8 @@ struct Rig : platform::ScopedCommonProgramFilesFolder,
     void audioProcessorParameterChangeGestureBegin (AudioProcessor*, int param) override { told << param << "< "; }
     void audioProcessorParameterChangeGestureEnd (AudioProcessor*, int param) override { told << param << "> "; }
     void audioProcessorChanged (AudioProcessor*, const juce::AudioProcessorListener::ChangeDetails&) override {}
-    juce::Optional<PositionInfo> getPosition() const override { return position; }
 
     juce::String told, heard;   // to the host; by the product, as "position+length "
-    juce::Optional<PositionInfo> position;
     juce::MidiBuffer midi;
     int hooks = 0;
     bool updateSucceeds = true;

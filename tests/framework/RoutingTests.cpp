@@ -30,22 +30,3 @@ TEST (RoutingTest, KeepsTheCodesOfEachBusAndReplacesTheOthersByTheFormatsOwn)
         }
     }
 }
-
-TEST (RoutingTest, RemembersWhatTheUserChoseForAFamilyOfBuses)
-{
-    auto rig = std::make_unique<Rig>();
-
-    // Chosen at so many channels, this code; at so many, what is in force then.
-    constexpr int rows[][4] { { 6, 2, 5, 2 }, { 4, 17, 6, 1 },   { 7, 5, 8, 9 },
-                              { 8, 5, 7, 5 }, { 10, 18, 9, 18 }, { 12, 24, 12, 25 } };
-
-    for (const auto& [chosenAt, code, askedAt, inForce] : rows)
-    {
-        rig->setPlayConfigDetails (chosenAt, chosenAt, 44100.0, 512);
-        rig->parameter (Routing).editedByGui = true;
-        rig->setParamDirect (Routing, thousandths::fromCode (code), false);
-        rig->parameter (Routing).editedByGui = false;
-        rig->setParamDirect (Routing, 0.1f, false);
-        EXPECT_EQ (rig->getRoutingForChannels (askedAt), inForce) << chosenAt;
-    }
-}

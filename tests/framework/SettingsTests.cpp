@@ -121,22 +121,6 @@ TEST (SettingsTest, WritersAtOnceNeverGiveHalfAValue)
     other.join();
 }
 
-TEST (SettingsTest, DeletingTellsWhatStoodInItsWay)
-{
-    const auto remove = [] { return deleteSetting (getProductSettingsPath(), "n"); };
-    EXPECT_TRUE (deleteSetting ({}, "n") == 0 && remove() == -1);
-    put (Root::user, Kind::text, "value");
-    EXPECT_EQ (remove(), -3);
-    put (Root::machine, Kind::text, "value");
-    EXPECT_TRUE (remove() == 1 && remove() == 1 && readSettingText ("n").isEmpty());
-    put (Root::machine, Kind::text, "value");
-    block (values (machine)[0]);
-    EXPECT_EQ (remove(), -4);
-    put (Root::user, Kind::text, "value");
-    block (values (user)[0]);
-    EXPECT_EQ (remove(), -2);
-}
-
 TEST (SettingsTest, MachineWideParametersMeetTheNextInstance)
 {
     const auto id = duoJudge::RoutingDefault;

@@ -10,10 +10,7 @@ using Box = juce::Rectangle<int>;
 
 struct Piece : juce::Component
 {
-    Piece() { setSize (7, 5), ++alive; }
-    ~Piece() override { --alive; }
-
-    static inline int alive = 0;
+    Piece() { setSize (7, 5); }
 };
 
 /** 100 by 100 pixels, relative tracks, laid out at once. */
@@ -26,7 +23,6 @@ struct Grid : OxJuceGridComponent
         setNumRows (rows);
         setAutoLayout (true);
     }
-    using OxJuceGridComponent::advanceMoves;
 };
 
 TEST (GridTest, AlignsInSixteenWays)
@@ -67,104 +63,6 @@ TEST (GridTest, PutsGapsAndSpansAroundHiddenColumns)
     grid.setColumnHidden (1, false), grid.setColumnLimits (1, 12, -1);
     EXPECT_TRUE (grid.resetCellSpans (0, 0, 4, 3));
     EXPECT_EQ (grid.getCellRect (0, 0), Box (0, 0, 20, 49));
-}
-
-TEST (GridTest, LaysOutWhenSomethingChangesAndOnlyThen)
-{
-    Piece piece, extra, parent, late;
-    Grid grid (2, 2);
-    parent.addAndMakeVisible (grid);
-    grid.setCellComponent (0, 0, &piece), grid.setCellExtraComponent (0, 0, &extra, false, true);
-    grid.setCellComponent (1, 1, &late);
-    const std::tuple<const char*, std::function<bool()>, bool, bool> rows[] {
-        { "same size", [&] { return grid.setRowSize (0, 100, false); }, true, false },
-        { "size", [&] { return grid.setRowSize (0, 10, true); }, true, true },
-        { "no row", [&] { return grid.setRowSize (2, 1, true) || grid.setRowSize (-1, 1, true); }, false, false },
-        { "same again", [&] { return grid.setNumRows (2), grid.setCellSpan (0, 0, 1, 1); }, true, false },
-        { "nothing", [&] { return grid.setCellComponent (1, 1, nullptr); }, true, false },
-        { "span of none", [&] { return grid.setCellSpan (0, 0, 0, 1); }, false, false },
-        { "span too wide", [&] { return grid.setCellSpan (1, 0, 2, 1); }, false, false },
-        { "span", [&] { return grid.setCellSpan (0, 0, 1, 2); }, true, true },
-        { "spans elsewhere", [&] { return grid.resetCellSpans (1, 0, 1, 2); }, true, false },
-        { "spans", [&] { return grid.resetCellSpans (0, 0, 2, 2); }, true, true },
-        { "alignment", [&] { return grid.setRowAlignment (0, 9) && grid.setColumnAlignment (0, 5); }, true, true },
-        { "no cell", [&] { return grid.setCellComponent (1, 2, &late); }, false, false },
-        { "itself", [&] { return grid.setCellComponent (1, 1, &grid); }, false, false },
-        { "its parent", [&] { return grid.setCellComponent (1, 1, &parent); }, false, false },
-        { "component", [&] { return grid.setCellComponent (1, 0, &late); }, true, true },
-        { "no insertion", [&] { return grid.insertRow (3) || grid.removeColumn (2); }, false, false },
-        { "insertion", [&] { return grid.insertRow (2) && grid.insertColumn (2); }, true, true },
-        { "resize", [&] { return grid.setSize (50, 60), true; }, true, true }
-    };
-
-    for (const auto& [what, change, answer, laysOut] : rows)
-    {
-        piece.setBounds (99, 98, 7, 5);   // where no layout puts it
-        EXPECT_EQ (change(), answer) << what;
-        EXPECT_EQ (piece.getPosition() != juce::Point (99, 98), laysOut) << what;
-    }
-
-    EXPECT_EQ (piece.getBounds(), Box (5, 3, 7, 5)) << "the column's alignment goes before the row's";
-    EXPECT_EQ (extra.getParentComponent(), nullptr);
-    EXPECT_TRUE (grid.getCellComponent (0, 3) == nullptr && grid.getCellRect (-1, 0).isEmpty());
-}
-
-TEST (GridTest, WalksOfComponentsKeepOneCellAndOneOwnerEach)
-{
-    int most = 0;
-    juce::Random random (7);
-    {
-        Grid grids[] { { 3, 2 }, { 2, 3 } };
-
-        for (auto& grid : grids)
-            grid.setOwnsComponents (true);
-
-        const auto piece = [] (const Grid& grid, int x, int y)
-        { return grid.getCellRect (x, y).isEmpty() ? nullptr : new Piece; };
-        const std::function<void (Grid&, int, int)> changes[] {
-            [] (Grid& to, int, int y) { to.insertRow (to.getNumRows() < 4 ? y : -1); },
-            [] (Grid& to, int x, int) { to.insertColumn (to.getNumColumns() < 4 ? x : -1); },
-            [] (Grid& to, int, int y) { to.removeRow (y); },
-            [] (Grid& to, int x, int) { to.removeColumn (x); },
-            [] (Grid& to, int x, int y) { to.setCellComponent (x, y, nullptr); },
-            [] (Grid& to, int x, int y) { delete to.getCellComponent (x, y); },
-            [&] (Grid& to, int x, int y) { to.setCellComponent (x, y, piece (to, x, y)); },
-            [&] (Grid& to, int x, int y) { to.setCellExtraComponent (x, y, piece (to, x, y), true, true); },
-            [] (Grid& to, int, int) { to.setBackgroundComponent (new Piece, true, true); },
-        };
-
-        for (int step = 0; step < 20000; ++step)
-        {
-            auto& to = grids[random.nextInt (2)];
-            const auto& from = grids[random.nextInt (2)];
-            const auto x = random.nextInt (4) - 1, y = random.nextInt (4) - 1;
-
-            if (random.nextInt (4) == 0)
-                to.setCellComponent (x, y, from.getCellComponent (random.nextInt (3), random.nextInt (3)));
-            else
-                changes[random.nextInt (std::size (changes))](to, x, y);
-
-            most = std::max (most, Piece::alive);
-
-            for (const auto& grid : grids)
-            {
-                int placed = 0;
-
-                for (int cell = 0; cell < 16; ++cell)
-                {
-                    const auto* const component = grid.getCellComponent (cell % 4, cell / 4);
-                    placed += component != nullptr;
-                    ASSERT_TRUE (component == nullptr ||
-                                 (component->getParentComponent() == &grid &&
-                                  component->getBounds() == grid.getCellRect (cell % 4, cell / 4)))
-                        << step;
-                }
-                ASSERT_EQ (grid.getNumChildComponents(), placed) << step;
-            }
-        }
-        EXPECT_GT (most, 8);
-    }
-    EXPECT_EQ (Piece::alive, 0);
 }
 
 }   // namespace

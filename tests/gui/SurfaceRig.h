@@ -29,6 +29,21 @@ bool pumpUntil (Condition&& holds)
     return true;
 }
 
+/** Runs the toolkit's events for a while. */
+inline void pumpFor (juce::uint32 milliseconds)
+{
+    pumpUntil ([end = juce::Time::getMillisecondCounter() + milliseconds]
+               { return juce::Time::getMillisecondCounter() > end; });
+}
+
+/** The mouse over a window on the desktop, as the toolkit hears of it. */
+inline void moveMouse (juce::Component& window, juce::Point<int> place, juce::ModifierKeys buttons)
+{
+    window.getPeer()->handleMouseEvent (juce::MouseInputSource::InputSourceType::mouse, place.toFloat(), buttons,
+                                        juce::MouseInputSource::defaultPressure,
+                                        juce::MouseInputSource::defaultOrientation, juce::Time::currentTimeMillis());
+}
+
 /** An element that draws what a test says. */
 struct Sketch : OxOglChildComponent
 {
@@ -53,9 +68,6 @@ struct Sketch : OxOglChildComponent
     }
 
     using OxOglComponentUser::drawFilledRect;
-    using OxOglComponentUser::drawGradientQuad;
-    using OxOglComponentUser::drawLine;
-    using OxOglComponentUser::drawRectOutline;
     juce::Colour& colour() { return getSurface()->glState.pending.colour; }
 
     std::function<void (Sketch&)> sketch;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "GlCounter.h"
+#include "GlSwitch.h"
 
 #include <dlfcn.h>
 
@@ -8,9 +8,7 @@
     extern "C" __attribute__ ((visibility ("default"))) void name declared                                             \
     {                                                                                                                  \
         static const auto next = reinterpret_cast<void (*) declared> (dlsym (RTLD_NEXT, #name));                       \
-        if (GlCounter::counts)                                                                                         \
-            ++GlCounter::calls[#name];                                                                                 \
-        if (GlCounter::passesOn)                                                                                       \
+        if (GlSwitch::passesOn)                                                                                        \
             next given;                                                                                                \
     }
 
