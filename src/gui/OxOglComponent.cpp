@@ -2,7 +2,6 @@
 #include "gui/OxOglComponent.h"
 
 #include "gui/OxJuceEditorBase.h"
-#include "platform/EventsReadAhead.h"
 #include "platform/VerticalSync.h"
 
 using namespace juce::gl;
@@ -190,7 +189,11 @@ void OxOglComponent::waitForTurn()
 void OxOglComponent::renderOpenGL()
 {
     waitForTurn();
-    platform::deliverEventsReadAhead();
+    glWindow.deliverEventsReadAhead();
+
+    if (glWindow.hasGone())
+        return;
+
     glClear (GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
 
     auto* const owner = editor.get();

@@ -8,6 +8,7 @@
 #include "gui/OxOglComponentTexture.h"
 #include "gui/OxOglComponentUser.h"
 #include "gui/OxReadWriteLock.h"
+#include "platform/GlWindow.h"
 
 #include <array>
 
@@ -91,6 +92,7 @@ private:
     juce::CriticalSection textureLock;
     std::vector<OxOglComponentTexture*> textureList;   // those that hold a GL texture, each once
     std::array<OxJuceOglFont, kFontSizes.size()> fonts;
+    platform::GlWindow glWindow;                 // [render thread]
     std::atomic<bool> viewportDirty { false };   // in order with the size that the resize has written
     Relaxed<bool> renderEnabled = false;
     juce::OpenGLContext context;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/EventsReadAhead.h"
+#include "platform/GlWindow.h"
 
 #include <juce_events/juce_events.h>
 
@@ -7,7 +7,10 @@
 
 #include <GL/glx.h>
 
-void platform::deliverEventsReadAhead()
+namespace platform
+{
+
+void GlWindow::deliverEventsReadAhead() const
 {
     auto* const display = glXGetCurrentDisplay();
 
@@ -17,3 +20,12 @@ void platform::deliverEventsReadAhead()
     juce::MessageManager::callAsync ([connection = ConnectionNumber (display)]
                                      { juce::LinuxEventLoopInternal::invokeEventLoopCallbackForFd (connection); });
 }
+
+bool GlWindow::hasGone()
+{
+    unsigned int height = 0;
+    glXQueryDrawable (glXGetCurrentDisplay(), glXGetCurrentDrawable(), GLX_HEIGHT, &height);
+    return height == 0 ? seen : (seen = true, false);
+}
+
+}   // namespace platform
