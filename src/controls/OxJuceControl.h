@@ -42,7 +42,7 @@ public:
     int getParameterId() const noexcept { return parameterId; }
     float getValue() const noexcept { return value; }                      // [any thread]
     int getCode() const noexcept { return thousandths::toCode (value); }   // the entry, of a control that chooses one
-    bool isLocked() const noexcept { return locked; }   // [any thread]
+    bool isLocked() const noexcept { return locked; }                      // [any thread]
     bool isChanging() const noexcept { return changing; }
 
     /** Stores a value, clamped to 0 to 1; the value that stands changes nothing. @param notify tell the listeners */

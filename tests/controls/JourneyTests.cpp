@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ControlRig.h"
+#include "controls/OxJuceResizableCornerComponent.h"
 #include "controls/OxJuceSelectorControl.h"
 #include "controls/OxJuceSlider.h"
 #include "controls/OxJuceTextEdit.h"
@@ -143,6 +144,24 @@ TEST (JourneyTest, EveryWayThroughAControlIsOneWholeEdit)
         EXPECT_EQ (rig.play (script), told) << script;
         EXPECT_EQ (juce::Component::getCurrentlyModalComponent(), nullptr) << script;
     }
+}
+
+TEST (JourneyTest, AGripResizesByItsLowerTriangle)
+{
+    const juce::ModifierKeys held { juce::ModifierKeys::leftButtonModifier };
+    ControlRig rig (200, 120);
+    juce::Component target;
+    OxJuceResizableCornerComponent grip (&target);
+    rig.add (grip), grip.setBounds (100, 40, 40, 40), target.setSize (50, 30);
+
+    for (const auto& [from, size] :
+         { std::pair (juce::Point (105, 45), juce::Point (50, 30)), { { 135, 70 }, { 70, 35 } } })
+    {
+        rig.move (from), rig.move (from, held), rig.move (from + juce::Point (20, 5), held), rig.move (from);
+        EXPECT_EQ (juce::Point (target.getWidth(), target.getHeight()), size);
+    }
+
+    rig.editor.reset();
 }
 
 }   // namespace

@@ -67,4 +67,18 @@ TEST (SelectorTest, OpensUpwardWhereThereIsNoRoomBelow)
     }
 }
 
+TEST (SelectorTest, LeavesNoListBehindWhenAListenerDeletesIt)
+{
+    ListRig rig;
+    rig.open();
+    rig.ears.react = [&] (const auto& what)
+    {
+        if (what == "0.001")
+            rig.editor->surface.removeChildComponent (rig.selector.get()), rig.selector.reset();
+    };
+    rig.click (rig.row (1));
+    EXPECT_EQ (rig.selector, nullptr);
+    EXPECT_EQ (rig.editor->surface.getNumChildComponents(), 1) << "the editor's own screen alone is left to draw";
+}
+
 }   // namespace

@@ -63,6 +63,8 @@ TEST (SliderTest, LeavesTheMouseToAHostThatTakesIt)
     EXPECT_EQ (Hand (gain).play ("press 15 0 | drag 55 0 | release | wheel 1 0"), "< 0.1 0.5 > < 0.85 >");
     rig.editor->addHostMouseListener (rig);
     EXPECT_EQ (Hand (gain).play ("press 15 0 | drag 55 0 | release | wheel 1 0"), "");
+    gain.attach (duoJudge::SendGain, rig.editor.get());
+    EXPECT_EQ (Hand (gain).play ("press 15 0 | release"), "< 0.1 >") << "a host that does not know the parameter";
     gain.attach (kNoParam, rig.editor.get());
     rig.editor.reset();
 }

@@ -134,4 +134,17 @@ TEST (TextEditTest, ALockedFieldOpensToBeReadAndAnEarlyReturnWaitsForTheNext)
     EXPECT_EQ (rig.ears.take(), "0");
 }
 
+TEST (TextEditTest, AFieldThatDiesInAnEditDeliversNothing)
+{
+    for (const auto isUp : { false, true })
+    {
+        TypingRig rig;
+        isUp ? rig.open() : rig.click ({ 15, 15 });
+        rig.editor->surface.stopRenderThread();
+        rig.field.reset();
+        EXPECT_TRUE (pumpUntil ([] { return juce::Component::getCurrentlyModalComponent() == nullptr; }));
+        EXPECT_EQ (rig.ears.take(), "");
+    }
+}
+
 }   // namespace

@@ -2,6 +2,7 @@
 #include "EditorRig.h"
 
 #include "controls/OxJuceDragControl.h"
+#include "metering/OxJuceDynamicDisplayLevelMeter.h"
 
 using namespace duoJudge;
 
@@ -176,6 +177,35 @@ TEST (EditorTest, TakesATypedSendGain)
         rig.find<OxJuceDragControl> ("m_btnSendGain").textEditFinished (typed);
         EXPECT_EQ (rig.processor->getParameterText (SendGain), text) << typed;
     }
+}
+
+TEST (EditorTest, ShowsOwnAndPodSignalSideBySideChannelByChannel)
+{
+    EditorRig rig;
+    std::map<int, OxJuceObserver*> metersFromTheLeft;
+
+    for (auto* const component : EditorRig::everything (*rig.editor))
+        if (const auto* const meter = dynamic_cast<OxJuceDynamicDisplayLevelMeter*> (component))
+            metersFromTheLeft[rig.window.getLocalPoint (component, juce::Point<int>()).x] = meter->observer;
+
+    juce::Array<int> owner;   // 0 and 2 measure the own signal, 1 and 3 the pod's
+
+    for (const auto& [left, observer] : metersFromTheLeft)
+        for (int index = 0; index < 4; ++index)
+            if (observer == &rig.processor->getMeter (index))
+                owner.add (index);
+
+    EXPECT_EQ (owner, juce::Array<int> ({ 0, 2, 1, 3 }));
+}
+
+TEST (EditorTest, LetsTheUserSayWhetherTheHostKnowsTheTime)
+{
+    EditorRig rig;
+    rig.click ("m_btnTitle"), rig.click ("Menu item 3");
+    auto& list = rig.find<OxJuceSelectorControl> ("Host Supports Timecode");
+    EXPECT_EQ (list.getItems().joinIntoString (" "), "Detect Off On");
+    list.setValue (thousandths::fromCode (2), true);
+    EXPECT_EQ (rig.processor->getParamCode (UseTimestampedPodAudioOverride), 2);
 }
 
 TEST (EditorTest, OpensAnewInTheNormalViewHoweverItWasClosed)

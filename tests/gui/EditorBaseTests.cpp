@@ -50,6 +50,27 @@ TEST_F (EditorBaseTest, MovesValuesAndGesturesBetweenControlsAndParameters)
     EXPECT_EQ (told, "3< 3=0.75 3> ");
 }
 
+TEST_F (EditorBaseTest, LetsAListenerTakeAnyFromTheWalk)
+{
+    for (const juce::String leaving : { "", "2", "01", "12" })
+    {
+        OxJuceControl control ("Control");
+        Ears first[3];
+        first[2].react = [&] (auto&)
+        {
+            for (const auto leaver : leaving)
+                control.removeListener (&first[leaver - '0']);
+        };
+
+        for (auto& listener : first)
+            control.addListener (&listener), control.addListener (&listener);
+
+        control.setValue (1.0f, true);
+        EXPECT_EQ (first[0].heard, leaving.contains ("0") ? "" : "1 ");
+        EXPECT_EQ (first[1].heard, leaving.contains ("1") ? "" : "1 ");
+    }
+}
+
 TEST_F (EditorBaseTest, TakesTheKeysOfTheHostAndEndsInMidLock)
 {
     const platform::ScopedExecutableFileName redirect ("Pro Tools.exe");
@@ -136,6 +157,32 @@ TEST_F (EditorBaseTest, ShowsTheProfilerWhileItsParameterIsNotZero)
         EXPECT_EQ (shown.getPixelAt (319, bottom - 1), on ? juce::Colour (105, 0, 0) : red);
         EXPECT_TRUE (shown.getPixelAt (320, bottom - 1) == red && shown.getPixelAt (319, bottom) == red);
         EXPECT_TRUE (inked == on && profilerItems.back().enabled == on && profilerItems.front().enabled == on);
+    }
+}
+
+TEST_F (EditorBaseTest, ShowsItsDevelopersWhatTheySwitchOn)
+{
+    Sketch paper ({}, [] (Sketch& s) { s.colour() = juce::Colours::red, s.drawFilledRect ({ 400, 100 }); });
+    OxJuceOglGridComponent grid { "Grid" };
+    add (paper), editor->addControl (grid), editor->surface.enableRendering();
+    const auto looks = [&] (juce::Point<int> pixel, juce::Point<int> text)
+    {
+        EXPECT_TRUE (pumpUntil ([&, wanted = numTicks + 2] { return numTicks >= wanted; }));
+        const auto shown = picture();
+        const auto line = shown.getClippedImage ({ text.x, text.y, 60, 8 });
+        const auto isInked = difference (line, shown.getClippedImage ({ text.x, 84, 60, 8 })).largest > 0;
+        return juce::String (int (shown.getPixelAt (pixel.x, pixel.y).getRed())) + (isInked ? " inked" : " empty");
+    };
+
+    for (auto& [view, pixel, text] :
+         { std::tuple (&EditorOverlays::showsHostFigures, juce::Point (219, 91), juce::Point (10, 10)),
+           { &EditorOverlays::showsTree, { 181, 99 }, { 190, 10 } },
+           { &EditorOverlays::showsUnderMouse, { 5, 99 }, { 10, 10 } } })
+    {
+        EXPECT_EQ (looks (pixel, text), "255 empty");
+        *view = true;
+        EXPECT_EQ (looks (pixel, text), view == &EditorOverlays::showsUnderMouse ? "255 inked" : "105 inked");
+        *view = false;
     }
 }
 

@@ -68,7 +68,7 @@ TEST (MenuTest, WrapsTextAndSetsLinesCloserThatDoNotFit)
                "0 76 200 13 short|0 92 200 13 " + wide +
                    "|0 108 200 13 one two three four five six|0 124 200 13 seven");
 
-    for (const int count : { 11, 12 })   // eleven lines end at 252, twelve at 268
+    for (const int count : { 11, 12, 60 })   // eleven lines end at 252, twelve at 268
     {
         const auto lines = [&] (auto& menu)
         {
@@ -76,7 +76,9 @@ TEST (MenuTest, WrapsTextAndSetsLinesCloserThatDoNotFit)
                 menu.addText ("line", 13);
         };
         rig.editor.menu.showScreen (Page::make (lines));
-        EXPECT_EQ (rig.getShown().back()->getY(), count == 11 ? 236 : 252 * 262 / 268);
+        const auto all = rig.getShown();
+        EXPECT_TRUE (all.size() == std::min<std::size_t> (count, 50) && all.back()->getBottom() <= 262 + 13);
+        EXPECT_TRUE (count == 60 || all.back()->getY() == (count == 11 ? 236 : 252 * 262 / 268));
     }
 }
 
