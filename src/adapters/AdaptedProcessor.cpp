@@ -53,7 +53,8 @@ bool AdaptedProcessor::configure (double sampleRate, int blockSize, const juce::
     return true;
 }
 
-bool AdaptedProcessor::process (const float* const* inputs, float* const* outputs, int numChannels, int numSamples)
+bool AdaptedProcessor::process (const float* const* inputs, float* const* outputs, int numChannels, int numSamples,
+                                Mode mode)
 {
     for (int channel = 0; channel < numChannels; ++channel)
     {
@@ -66,7 +67,11 @@ bool AdaptedProcessor::process (const float* const* inputs, float* const* output
 
     juce::AudioSampleBuffer block (outputs, numChannels, numSamples);
 
-    if (bypass)
+    if (mode == Mode::analysis)
+        processor->analyseOfflineInChunks (block, midi);
+    else if (mode == Mode::render)
+        processor->renderOfflineInChunks (block, midi);
+    else if (bypass)
         processor->processBlockBypassed (block, midi);
     else
         processor->processBlock (block, midi);

@@ -17,6 +17,13 @@ public:
 
     using Ptr = std::unique_ptr<AdaptedProcessor, Destroyer>;
 
+    enum class Mode
+    {
+        realTime,
+        analysis,
+        render
+    };
+
     /** Makes the processor [any thread with a `MessageThread::User`].
         @param wrapperType the format, as `OxJuceProcessorBase::PluginType` counts */
     explicit AdaptedProcessor (int wrapperType);
@@ -32,8 +39,10 @@ public:
                     const juce::AudioChannelSet& output);
 
     /** Processes the inputs, or delays them while the host bypasses, into the outputs, which may be the same [audio thread].
+        An offline pass takes a stretch of any length and knows no bypass [the host's render thread].
         @returns false, and processes nothing, if a channel is null */
-    bool process (const float* const* inputs, float* const* outputs, int numChannels, int numSamples);
+    bool process (const float* const* inputs, float* const* outputs, int numChannels, int numSamples,
+                  Mode mode = Mode::realTime);
 
     Relaxed<bool> bypass = false;   // by the host
 

@@ -284,6 +284,7 @@ public:
     std::deque<OxJuceProfilerItem> profilerItems;   // audio block, timer, render, GUI update, then what a product adds
     Relaxed<bool> profilerEnabled = false;          // profiling is shown
     bool isVenueVersion = false;
+    Relaxed<bool> isAudioSuite = false;   // the host has this instance for offline passes
 
     Relaxed<bool> stateRestored = false;              // a host has handed over a state, of whatever kind
     Relaxed<bool> paramMapVersionFound = false;       // the state loaded last had a map version

@@ -52,6 +52,9 @@ public:
     virtual void processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) = 0;
     virtual void prepareAudio (double, int) {}
 
+    /** The host has the instance for offline passes from now on, or plays it again [its thread, or the audio thread]. */
+    virtual void audioSuiteChanged (bool) {}
+
     virtual void finishOfflineRender() {}
     virtual void finishOfflineAnalysis() {}
     virtual void renderOffline (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) { processAudio (block, midi); }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the plug-in promises its hosts in every format.
+#include "adapters/AaxHost.h"
 #include "adapters/ParentWindow.h"
 #include "adapters/Vst2Host.h"
 #include "support/AudioThreadGuard.h"
@@ -21,6 +22,7 @@ struct Form
     virtual void load (std::string state) = 0;
     virtual std::pair<int, int> open (::Window parent) = 0;   // gives the size
     virtual void close() = 0;
+    virtual int countLocks() { return 1; }   // of a block: that of the pods
 };
 
 struct Vst3Form : Form
@@ -87,6 +89,22 @@ struct Vst2Form : Form
     Vst2Effect effect;
 };
 
+struct AaxForm : Form
+{
+    AaxForm (PlugInTest& test) : host (test.module) { host.start(), host.playing = true; }
+    int start (double rate, int) override { return host.start (rate), host.latency; }
+    void process (Audio& in, Audio& out, juce::int64 time) override { host.location = time, host.process (in, out); }
+    static std::string idOf (int id) { return id == bypassId ? "MasterBypassID" : std::to_string (id); }
+    void set (int id, float value) override { host.set (idOf (id).c_str(), value); }
+    float get (int id) override { return float (host.get (idOf (id).c_str())); }
+    std::string save() override { return host.save(); }
+    void load (std::string state) override { host.load (state); }
+    std::pair<int, int> open (::Window parent) override { return host.open (parent); }
+    void close() override { host.gui->SetViewContainer (nullptr); }
+    int countLocks() override { return 2; }   // and the processor's
+    AaxHost host;
+};
+
 struct Format
 {
     const char* name;
@@ -99,7 +117,7 @@ std::unique_ptr<Form> make (PlugInTest& test)
     return std::make_unique<Made> (test);
 }
 
-const Format formats[] { { "Vst3", make<Vst3Form> }, { "Vst2", make<Vst2Form> } };
+const Format formats[] { { "Vst3", make<Vst3Form> }, { "Vst2", make<Vst2Form> }, { "Aax", make<AaxForm> } };
 
 struct ConformanceTest : PlugInTest, testing::WithParamInterface<Format>
 {
@@ -133,8 +151,8 @@ TEST_P (ConformanceTest, LetsEitherSourceOutToTheSampleAndDelaysWhatIsBypassed)
             auto in = stretch (own, start, block), out = stretch (heard, start, block);
             const AudioThreadGuard guard;
             form->process (in, out, start);
-            const auto& [allocations, locks, systemCalls] = guard.counts();   // the pods' own lock is the one
-            EXPECT_TRUE (start < settled || (allocations + systemCalls == 0 && locks <= 1)) << start;
+            const auto& [allocations, locks, systemCalls] = guard.counts();
+            EXPECT_TRUE (start < settled || (allocations + systemCalls == 0 && locks <= form->countLocks())) << start;
         }
 
         for (const auto channel : { 0, 1 })

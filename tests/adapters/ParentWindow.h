@@ -26,6 +26,23 @@ struct ParentWindow
         return { content.width, content.height };
     }
 
+    /** Clicks on the content, as the window system does it. */
+    void click (int x, int y, unsigned keys, unsigned button)
+    {
+        ::Window root, parent, *children = nullptr;
+        unsigned count = 0;
+        XQueryTree (connection, window, &root, &parent, &children, &count);
+
+        for (const auto kind : { ButtonPress, ButtonRelease })
+        {
+            XEvent event {};
+            event.xbutton = { kind, 0, False, connection, *children, root, None, 0, x, y, x, y, keys, button, True };
+            XSendEvent (connection, *children, False, NoEventMask, &event);
+        }
+
+        XFree (children), XSync (connection, False);
+    }
+
     Display* const connection = XOpenDisplay (nullptr);
     const ::Window window = XCreateSimpleWindow (connection, DefaultRootWindow (connection), 0, 0, 600, 300, 0, 0, 0);
 };

@@ -237,7 +237,7 @@ struct PlugInTest : testing::Test
 {
     ~PlugInTest() override
     {
-        await ([this] { return threads.getNumberOfChildFiles (1) == threadsBefore; });
+        await ([this] { return threads.getNumberOfChildFiles (1) <= threadsBefore; });
     }
 
     /** Waits for what another thread brings about. */
@@ -258,7 +258,7 @@ struct PlugInTest : testing::Test
     }
     const juce::File threads { "/proc/self/task" };
 
-    // A sanitizer starts a thread of its own with the first one.
+    // A sanitizer starts a thread of its own with the first one, which the system may still count after it was joined.
     const int threadsBefore =
         (::setenv ("HOME", DUO_HOME, 1), std::thread ([] {}).join(), threads.getNumberOfChildFiles (1));
     NotingManager manager;

@@ -10,9 +10,9 @@
 /** What a host of the older interface offers. */
 struct Vst2Host
 {
-    static t_fstPtrInt answer (t_fstEffect*, int opcode, int index, t_fstPtrInt, void* const, float opt)
+    static t_fstPtrInt answer (t_fstEffect* effect, int opcode, int index, t_fstPtrInt, void* const, float opt)
     {
-        auto& host = *current;
+        auto& host = effect != nullptr && effect->resvd1 != 0 ? *reinterpret_cast<Vst2Host*> (effect->resvd1) : *made;
 
         switch (opcode)
         {
@@ -29,7 +29,7 @@ struct Vst2Host
         }
     }
 
-    static inline Vst2Host* current;
+    static inline Vst2Host* made;   // whose effect is being made
     int version = 2400;
     t_fstTimeInfo* time = nullptr;
     std::map<int, float> edits;
@@ -41,8 +41,9 @@ struct Vst2Effect
 {
     Vst2Effect (const Module& module, Vst2Host& host)
     {
-        Vst2Host::current = &host;
+        Vst2Host::made = &host;
         effect = module.find<t_fstEffect*(audioMasterCallback)> ("VSTPluginMain") (Vst2Host::answer);
+        effect->resvd1 = reinterpret_cast<t_fstPtrInt> (&host);
     }
     ~Vst2Effect() { call (effClose); }
     Vst2Effect (const Vst2Effect&) = delete;

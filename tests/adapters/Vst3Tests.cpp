@@ -25,8 +25,10 @@ using Vst3Test = PlugInTest;
 TEST_F (Vst3Test, ExportsEntryPointsAloneAsItsManagerDoesAndDescribesItsClassesByteForByte)
 {
     for (const auto& [file, names] :
-         { std::pair (DUO_PLUGIN_FILE, "ExitDll\nGetPluginFactory\nInitDll\nModuleEntry\nModuleExit\n"
-                                       "NewPlugIn\nVSTPluginMain\n_PI_GetRoutineDescriptor\n"),
+         { std::pair (DUO_PLUGIN_FILE,
+                      "ACFCanUnloadNow\nACFGetClassFactory\nACFGetSDKVersion\nACFRegisterComponent\nACFRegisterPlugin\n"
+                      "ACFShutdown\nACFStartup\nExitDll\nGetPluginFactory\nInitDll\nModuleEntry\nModuleExit\n"
+                      "NewPlugIn\nVSTPluginMain\n_PI_GetRoutineDescriptor\n"),
            { DUO_MANAGER_FILE, "BayLinkManagerConnect2\nBayLinkManagerVersion\n" } })
     {
         juce::ChildProcess reader;
