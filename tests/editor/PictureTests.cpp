@@ -36,7 +36,7 @@ TEST_P (PictureTest, LooksAsItDid)
     for (const auto& word : juce::StringArray::fromTokens (GetParam().clicks, true))
         word.length() == 1 ? rig.vote (word == "B") : rig.click (word.unquoted());
 
-    rig.move (juce::StringRef (GetParam().name) == "pods" ? rig.placeOfRow (1) : juce::Point (3, 3));
+    rig.move (std::string (GetParam().name) == "pods" ? rig.placeOfRow (1) : juce::Point (3, 3));
     const XWindow screen (rig.window);
     const auto file = juce::File (DUO_PICTURES).getChildFile (GetParam().name).withFileExtension ("png");
 

@@ -76,9 +76,12 @@ TEST (MenuTest, WrapsTextAndSetsLinesCloserThatDoNotFit)
                 menu.addText ("line", 13);
         };
         rig.editor.menu.showScreen (Page::make (lines));
-        const auto all = rig.getShown();
-        EXPECT_TRUE (all.size() == std::min<std::size_t> (count, 50) && all.back()->getBottom() <= 262 + 13);
-        EXPECT_TRUE (count == 60 || all.back()->getY() == (count == 11 ? 236 : 252 * 262 / 268));
+        const auto& last = *rig.getShown().back();
+
+        if (count < 60)
+            EXPECT_EQ (last.getY(), count == 11 ? 236 : 252 * 262 / 268);
+        else   // the title and these are all that there may be
+            EXPECT_TRUE (rig.read().size() == 49 && last.getBottom() <= 262 + last.getHeight());
     }
 }
 
