@@ -4,6 +4,8 @@
 #include "controls/OxJuceDragControl.h"
 #include "metering/OxJuceDynamicDisplayLevelMeter.h"
 
+#include <thread>
+
 using namespace duoJudge;
 
 namespace
@@ -182,20 +184,20 @@ TEST (EditorTest, TakesATypedSendGain)
 TEST (EditorTest, ShowsOwnAndPodSignalSideBySideChannelByChannel)
 {
     EditorRig rig;
-    std::map<int, OxJuceObserver*> metersFromTheLeft;
+    std::map<int, int> signals;   // by the left edges of their meters
 
     for (auto* const component : EditorRig::everything (*rig.editor))
         if (const auto* const meter = dynamic_cast<OxJuceDynamicDisplayLevelMeter*> (component))
-            metersFromTheLeft[rig.window.getLocalPoint (component, juce::Point<int>()).x] = meter->observer;
+            for (int index = 0; index < 4; ++index)
+                if (meter->observer == &rig.processor->getMeter (index))
+                    signals[rig.window.getLocalPoint (component, juce::Point<int>()).x] = index;
 
-    juce::Array<int> owner;   // 0 and 2 measure the own signal, 1 and 3 the pod's
+    juce::String fromTheLeft;
 
-    for (const auto& [left, observer] : metersFromTheLeft)
-        for (int index = 0; index < 4; ++index)
-            if (observer == &rig.processor->getMeter (index))
-                owner.add (index);
+    for (const auto& [left, signal] : signals)
+        fromTheLeft << signal;
 
-    EXPECT_EQ (owner, juce::Array<int> ({ 0, 2, 1, 3 }));
+    EXPECT_EQ (fromTheLeft, "0213") << "0 and 2 are the channels of the own signal, 1 and 3 the pod's";
 }
 
 TEST (EditorTest, LetsTheUserSayWhetherTheHostKnowsTheTime)
@@ -231,6 +233,59 @@ TEST (EditorTest, OpensAnewInTheNormalViewHoweverItWasClosed)
         rig.vote (true);
         EXPECT_EQ (rig.text ("m_textNumOfVotes"), juce::String (votes + 1)) << held;
     }
+}
+
+TEST (ThreadsTest, AudioAndFramesGoOnWhileUserHostAndPodsDoAsTheyLike)
+{
+    EditorRig rig;
+    rig.processor->setCoin (makeFairCoin());
+    juce::MemoryBlock state;
+    rig.processor->getStateInformation (state);
+    std::atomic<bool> stop { false };
+    std::thread audio (
+        [&]
+        {
+            juce::AudioSampleBuffer block (2, 64);
+            block.clear();
+
+            for (; ! stop; rig.processor->getMeter (1).getInstantLevelDb())
+                rig.processor->processBlock (block, rig.midi);
+        });
+    std::thread automation (
+        [&]
+        {
+            for (int i = 0; ! stop; juce::Thread::sleep (1), ++i)
+                rig.processor->setParameter (i % 3 == 0 ? ToggleXY : i % 7 == 0 ? EndTest : ToggleAB, float (i & 1));
+        });
+
+    for (int i = 0; i < 200; ++i)
+    {
+        if (i % 20 == 0)
+            rig.addPod();
+        else if (i % 20 == 15)
+            rig.pod.reset();
+
+        const char* const buttons[] { "btnTest", "btnSelect_X", "btnChoose", "btnReveal", "btnResumeTest" };
+
+        if (const juce::String button (buttons[i % 5]); rig.shown().contains (button))
+            rig.click ("m_" + button);
+
+        rig.set (SendGain, float (i % 7) / 7.0f).set (i % 3 == 0 ? Undo : Redo, 1.0f);
+
+        if (i % 25 == 7)
+            rig.processor->setStateInformation (state.getData(), int (state.getSize()));
+
+        if (i % 50 == 33)
+            rig.close(), rig.open();
+
+        rig.tick(), pumpFor (2);
+    }
+
+    stop = true;
+    audio.join(), automation.join();
+    EXPECT_EQ (rig.processor->getSelectedPodId(), baylink::kNoPod);
+    const auto votes = rig.processor->getVoteStatistics();
+    EXPECT_EQ (votes.votesForA + votes.votesForB, votes.votes);
 }
 
 }   // namespace

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/EngineRig.h"
 
-#include <thread>
-
 using namespace duoJudge;
 
 TEST (BlindTestTest, LabelsAlwaysStandForDifferentSources)
@@ -65,39 +63,4 @@ TEST (CoinTest, IsFairAndOtherInEveryRun)
     // Six standard deviations of a fair coin around 5000.
     EXPECT_NEAR (heads, 5000, 300);
     EXPECT_NEAR (equal, 5000, 300);
-}
-
-TEST (ThreadsTest, AudioRunsWhileTheUserClicksAndPodsComeAndGo)
-{
-    EngineRig rig;
-    rig.processor->setCoin (makeFairCoin());
-    std::atomic<bool> stop { false };
-    std::thread audio (
-        [&]
-        {
-            juce::AudioSampleBuffer block (2, 64);
-            block.clear();
-
-            for (; ! stop; rig.processor->getMeter (1).getInstantLevelDb())
-                rig.processor->processBlock (block, rig.midi);
-        });
-
-    for (int i = 0; i < 200; ++i)
-    {
-        if (i % 20 == 0)
-            rig.addPod();
-        else if (i % 20 == 15)
-            rig.pod.reset();
-
-        rig.set (ToggleXY, static_cast<float> (i & 1)).click (Choose).set (SendGain, static_cast<float> (i % 7) / 7.0f);
-        rig.set (i % 3 == 0 ? Undo : Redo, 1.0f);
-        rig.processor->timerCallback();
-    }
-
-    stop = true;
-    audio.join();
-    EXPECT_EQ (rig.processor->getSelectedPodId(), baylink::kNoPod);
-    const auto votes = rig.processor->getVoteStatistics();
-    EXPECT_GT (votes.votes, 0);
-    EXPECT_EQ (votes.votesForA + votes.votesForB, votes.votes);
 }
