@@ -57,13 +57,12 @@ bool AdaptedProcessor::process (const float* const* inputs, float* const* output
                                 Mode mode)
 {
     for (int channel = 0; channel < numChannels; ++channel)
-    {
         if (inputs[channel] == nullptr || outputs[channel] == nullptr)
             return false;
 
+    for (int channel = 0; channel < numChannels; ++channel)
         if (inputs[channel] != outputs[channel])
             std::copy_n (inputs[channel], numSamples, outputs[channel]);
-    }
 
     juce::AudioSampleBuffer block (outputs, numChannels, numSamples);
 

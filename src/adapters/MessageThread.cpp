@@ -15,9 +15,11 @@ namespace
 
 using ToolkitLock = juce::MessageManager::Lock;
 
-std::mutex waitMutex;                                // of both lists, and while the host takes over
-std::vector<const ToolkitLock*> waiting;             // for our own thread to hold still
-std::vector<std::unique_ptr<ToolkitLock>> retired;   // our own thread may still be leaving a call of these
+// What our own thread uses is not destroyed at the end of the process: a host may end by exit() with plug-ins in place, on
+// any thread, this one included.
+std::mutex waitMutex;                                             // of both lists, and while the host takes over
+auto& waiting = *new std::vector<const ToolkitLock*>;             // for our own thread to hold still
+auto& retired = *new std::vector<std::unique_ptr<ToolkitLock>>;   // our own thread may still be leaving a call of these
 
 /** Waits for the toolkit's events and runs them. */
 class OwnThread : private juce::Thread
@@ -64,10 +66,7 @@ private:
 std::mutex mutex;   // of all below
 int numUsers = 0;
 std::atomic<int> numLoans { 0 };
-
-// Not destroyed at the end of the process: a host may end by exit() with plug-ins in place, on any thread, this one included.
 auto& ownThread = *new std::unique_ptr<OwnThread>;
-
 Relaxed<bool> hostRunsEvents = false;
 
 }   // namespace

@@ -125,8 +125,8 @@ private:
 
     OxJuceProcessorBase& processorBase;
     EditorOverlays overlays;
-    juce::Array<OxJuceControl*> boundControls;          // those with a parameter, each once
-    juce::Array<EditorMouseListener*> mouseListeners;   // not owned
+    juce::Array<OxJuceControl*> boundControls;                                 // those with a parameter, each once
+    juce::Array<EditorMouseListener*, juce::CriticalSection> mouseListeners;   // not owned
 
     JUCE_DECLARE_NON_COPYABLE_WITH_LEAK_DETECTOR (OxJuceEditorBase)
 };

@@ -119,6 +119,7 @@ TEST_F (Vst2Test, TakesMonoAndStereoArrangementsAlone)
                                                        { { 5, 2 }, { 2, 2 }, 2, 1 },
                                                        { { -1, 0 }, { -1, 0 }, 2, 0 },
                                                        { { -2, INT_MIN }, { -2, INT_MIN }, 2, 0 },
+                                                       { { -2, INT_MAX }, { -2, INT_MAX }, 2, 0 },
                                                        { { -2, 1 }, { -2, 1 }, 1, 1 },
                                                        { { 15, 6 }, { 15, 6 }, 1, 0 },
                                                        { { 1, INT_MAX }, { 1, INT_MAX }, 1, 0 } })

@@ -59,7 +59,7 @@ AAX_Result AAX_AudiosuiteProcessor::RenderAudio (Inputs inputs, std::int32_t num
             }
             else if (kept < 1)
                 processUnheard (effect, inputs, numChannels, offered, Mode::render);
-            else if (effect.process (inputs, outputs, numChannels, offered, Mode::render))
+            else if (effect.process (inputs, outputs, numChannels, offered, Mode::render) && latency > 0)
                 for (int channel = 0; channel < numChannels; ++channel)
                     std::copy (outputs[channel] + latency, outputs[channel] + offered, outputs[channel]);
         });
@@ -87,7 +87,7 @@ AAX_Result AAX_AudiosuiteProcessor::AnalyzeAudio (Inputs inputs, std::int32_t nu
         [&] (JuceAAX_Processor& effect)
         {
             *windowSize -= effect.judge().getLatencySamples();
-            processUnheard (effect, inputs, numInputs, *windowSize, Mode::analysis);
+            processUnheard (effect, inputs, std::max (0, numInputs), *windowSize, Mode::analysis);
         });
 }
 

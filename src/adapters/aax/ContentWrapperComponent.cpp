@@ -16,6 +16,8 @@ ContentWrapperComponent::ContentWrapperComponent (JuceAAX_GUI& ownView, juce::Au
 
 void ContentWrapperComponent::requestSize (int width, int height)
 {
+    setSize (width, height);   // the host may ask for it at once
+
     if (auto* const container = view.GetViewContainer())
         container->SetViewSize ({ static_cast<float> (width), static_cast<float> (height) });
 }

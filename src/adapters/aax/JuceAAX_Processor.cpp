@@ -54,7 +54,7 @@ AAX_Result JuceAAX_Processor::prepare()
     const auto layout = AdaptedProcessor::layoutOf (numChannels);
     isPrepared = processor->configure (sampleRate, blockSize, layout, layout);
     Controller()->SetSignalLatency (judge().getLatencySamples());
-    return AAX_SUCCESS;
+    return isPrepared ? AAX_SUCCESS : AAX_ERROR_NULL_OBJECT;
 }
 
 AAX_Result JuceAAX_Processor::ResetFieldData (std::int32_t field, void* data, std::uint32_t size)

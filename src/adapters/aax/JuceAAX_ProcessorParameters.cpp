@@ -2,6 +2,9 @@
 // Parameters under the host's texts.
 #include "adapters/aax/JuceAAX_Processor.h"
 
+#include <charconv>
+#include <string_view>
+
 namespace AAXClasses
 {
 namespace
@@ -26,9 +29,12 @@ void JuceAAX_Processor::addParameters()
 
 int JuceAAX_Processor::numberOf (AAX_CParamID id)
 {
-    const juce::String text (id);
-    const auto number = text.containsOnly ("0123456789") && text.isNotEmpty() ? text.getIntValue() : kNoParam;
-    return juce::isPositiveAndBelow (number, kMaxParams) ? number : kNoParam;   // the rest lasts on the machine
+    const std::string_view text (id != nullptr ? id : "");
+    auto number = kNoParam;
+    const auto [end, error] = std::from_chars (text.data(), text.data() + text.size(), number);
+    const auto isNumber = error == std::errc() && end == text.data() + text.size();
+    return isNumber && juce::isPositiveAndBelow (number, kMaxParams) ? number
+                                                                     : kNoParam;   // the rest lasts on the machine
 }
 
 AAX_Result JuceAAX_Processor::GetParameterNormalizedValue (AAX_CParamID id, double* value) const

@@ -14,11 +14,11 @@ constexpr const char* kVendor = "ORVEX Audio";
 constexpr int kVersion = 1120, kNumChannels = 2, kTimerHertz = 4;
 constexpr std::size_t kNameSize = 64;   // bytes that hosts give to the name of a product or a vendor
 
-/** Hosts call effects that they have closed: the records stay as long as the module does. */
+/** Hosts call effects that they have closed, and end with effects in place: the records stay for good. */
 t_fstEffect& makeRecord()
 {
     static std::mutex mutex;
-    static std::deque<t_fstEffect> records;
+    static auto& records = *new std::deque<t_fstEffect>;
     const std::lock_guard<std::mutex> lock (mutex);
     return records.emplace_back();
 }

@@ -38,7 +38,8 @@ Set toLayout (const t_fstSpeakerArrangement* arrangement, const Set& current)
         if (row.type == arrangement->type)
             return row.layout.size() == arrangement->numChannels ? row.layout : Set();
 
-    return AdaptedProcessor::layoutOf (std::max (0, arrangement->numChannels));
+    const auto numChannels = arrangement->numChannels;
+    return numChannels == 1 || numChannels == 2 ? AdaptedProcessor::layoutOf (numChannels) : Set();
 }
 
 /** @returns the layout as an arrangement of the host's. */

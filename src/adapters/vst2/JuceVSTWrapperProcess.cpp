@@ -105,11 +105,14 @@ void JuceVSTWrapper::processReplacing (t_fstEffect* effect, float** inputs, floa
 
 void JuceVSTWrapper::process (float** inputs, float** outputs, int numSamples)
 {
-    if (! processing)
-        resume();   // some hosts leave it out
+    if (firstBlock)
+    {
+        if (! processing)
+            resume();   // some hosts leave it out
 
-    if (std::exchange (firstBlock, false))
+        firstBlock = false;
         judge().setNonRealtime (isHostOffline());
+    }
 
     readTimeline();
     const auto numChannels = std::min (input.size(), scratch.getNumChannels());

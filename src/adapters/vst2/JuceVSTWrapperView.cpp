@@ -72,13 +72,22 @@ t_fstPtrInt JuceVSTWrapper::openEditor (void* parent)
         closeEditor();
 
     adoptCallingThread();
-    const MessageThread::Lock lock;
+    const auto opens = [&]
+    {
+        const MessageThread::Lock lock;
 
-    if (! makeEditor() || ! editor->connect())
-        return 0;
+        if (! makeEditor() || ! editor->connect())
+            return false;
 
-    editor->embed (parent);
-    return 1;
+        editor->embed (parent);
+        return true;
+    };
+
+    if (opens())
+        return 1;
+
+    loan.reset();
+    return 0;
 }
 
 void JuceVSTWrapper::closeEditor()
@@ -93,7 +102,7 @@ void JuceVSTWrapper::closeEditor()
 
 void JuceVSTWrapper::runHostEvents()
 {
-    if (editor == nullptr || ! editor->isOnDesktop())
+    if (! loan.has_value() && (editor == nullptr || ! editor->isOnDesktop()))
         return;
 
     // A host that comes by has a loop of its own, and expects to be called back from there.

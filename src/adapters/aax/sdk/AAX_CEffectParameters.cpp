@@ -93,7 +93,7 @@ AAX_Result AAX_CEffectParameters::GetChunk (std::uint32_t chunkId, AAX_SPlugInCh
 
     const auto size = static_cast<std::uint32_t> (values.size() * sizeof (double));
 
-    if (chunkId != valuesChunk || chunk == nullptr || chunk->size < size)
+    if (chunkId != valuesChunk || chunk == nullptr || chunk->data == nullptr || chunk->size < size)
         return AAX_ERROR_INVALID_ID;
 
     chunk->size = size;
@@ -105,7 +105,8 @@ AAX_Result AAX_CEffectParameters::SetChunk (std::uint32_t chunkId, const AAX_SPl
 {
     std::vector<double> values (parameters.size());
 
-    if (chunkId != valuesChunk || chunk == nullptr || chunk->size != values.size() * sizeof (double))
+    if (chunkId != valuesChunk || chunk == nullptr || chunk->data == nullptr ||
+        chunk->size != values.size() * sizeof (double))
         return AAX_ERROR_INVALID_ID;
 
     std::memcpy (values.data(), chunk->data, chunk->size);

@@ -78,7 +78,7 @@ public:
     virtual AAX_Result AddName (const char* name) = 0;   // the longest first
     virtual AAX_Result AddCategory (std::uint32_t category) = 0;
 
-    // Who makes the objects of an instance, which the host deletes
+    // Who makes the objects of an instance, which the host deletes, the effect parameters last
     virtual AAX_Result AddCreator (AAX_IEffectParameters* (*create)()) = 0;
     virtual AAX_Result AddCreator (AAX_IEffectGUI* (*create)()) = 0;
     virtual AAX_Result AddCreator (AAX_IHostProcessor* (*create)()) = 0;
