@@ -5,6 +5,4 @@ set(DUO_SANITIZE "" CACHE STRING "Comma separated sanitizers, as -fsanitize take
 if(DUO_SANITIZE)
     add_compile_options(-fsanitize=${DUO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all -O1 -fno-sanitize=vptr)
     add_link_options(-fsanitize=${DUO_SANITIZE})
-    # What is reported at the end, or suppressed by name, can be named only while its code is loaded.
-    string(APPEND CMAKE_MODULE_LINKER_FLAGS " -Wl,-z,nodelete")
 endif()
