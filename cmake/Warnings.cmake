@@ -3,7 +3,7 @@
 function(duo_own_code target)
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Wshadow -Werror -Wnon-virtual-dtor -Wnull-dereference)
-    if(DUO_SANITIZE)
+    if(DUO_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         # What the compiler says of values without a beginning it gets wrong in instrumented code.
         target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
     endif()

@@ -30,6 +30,9 @@ testPackages=(xvfb openbox clang-format clang-tidy sonic-pi-samples python3-mark
 # ./test draws the glyph sheets and the other pictures again.
 testPackages+=(python3-pil python3-freetype python3-cairo fonts-roboto-unhinted)
 
+# ./test fuzz: a compiler with the fuzzing library, and the names in what it reports.
+fuzzPackages=(clang libclang-rt-dev llvm)
+
 # ./run: asking whether a display answers, and setting the manual.
 runPackages=(x11-utils python3-markdown weasyprint)
 

@@ -12,7 +12,7 @@ class AdaptedProcessor
 public:
     struct Destroyer
     {
-        void operator() (AdaptedProcessor* processor) const { MessageThread::destroy (processor); }
+        void operator() (AdaptedProcessor* object) const { MessageThread::destroy (object); }
     };
 
     using Ptr = std::unique_ptr<AdaptedProcessor, Destroyer>;

@@ -3,6 +3,7 @@
 
 #include "platform/Vectorised.h"
 
+#include <cstring>
 #include <numeric>
 
 namespace
@@ -13,11 +14,6 @@ using Sums = std::array<float, OxJuceObserverRmsMeter::kNumLanes>;
 /** Eight samples at any address, in one register where the processor has one as wide. */
 using Eight [[gnu::vector_size (8 * sizeof (float)), gnu::aligned (alignof (float)), gnu::may_alias]] = float;
 static_assert (OxJuceObserverRmsMeter::kNumLanes == 4 * 8);
-
-const Eight& eightAt (const float* samples)
-{
-    return *reinterpret_cast<const Eight*> (samples);
-}
 
 /** Adds squares to sums that do not wait for each other; the caller compiles it for its processor.
     @param load gives the eight samples from an index on, @param sampleAt the one there */
@@ -53,7 +49,7 @@ template <typename Load, typename SampleAt>
 DUO_VECTORISED
 void addSquares (Sums& sums, const float* samples, int numSamples)
 {
-    const auto load = [=] (int i, Eight& to) { to = eightAt (samples + i); };
+    const auto load = [=] (int i, Eight& to) { std::memcpy (&to, samples + i, sizeof (to)); };
     addInLanes (sums, numSamples, load, [=] (int i) { return samples[i]; });
 }
 
@@ -61,7 +57,13 @@ void addSquares (Sums& sums, const float* samples, int numSamples)
 DUO_VECTORISED
 void addSquares (Sums& sums, const float* first, const float* second, float share, int numSamples)
 {
-    const auto load = [=] (int i, Eight& to) { to = eightAt (first + i) + share * eightAt (second + i); };
+    const auto load = [=] (int i, Eight& to)
+    {
+        Eight other;
+        std::memcpy (&to, first + i, sizeof (to));
+        std::memcpy (&other, second + i, sizeof (other));
+        to += share * other;
+    };
     addInLanes (sums, numSamples, load, [=] (int i) { return first[i] + share * second[i]; });
 }
 

@@ -3,7 +3,7 @@
 import json, re, subprocess, sys, tempfile
 from pathlib import Path
 
-OWN = ("src", "manager", "sender", "desk", "tests", "bench")
+OWN = ("src", "manager", "sender", "desk", "tests", "bench", "fuzz")
 FLOORS = {"platform": 0, "resources": 0, "framework": 1, "pod": 1, "engine": 3, "gui": 4, "controls": 5, "menu": 6,
           "editor": 7, "adapters": 8, "desk": 8, "sender": 8}
 OBSERVERS, DISPLAYS = 1, 5   # the two floors of src/metering
@@ -64,7 +64,7 @@ def floors(root, build):
             if here.parts[0] == "manager":
                 if there.as_posix() not in MANAGER_MAY_SEE:
                     wrong.append(f"{here}: the manager may not see {there}")
-            elif there.parts[0] in ("tests", "bench", "manager"):
+            elif there.parts[0] in ("tests", "bench", "fuzz", "manager"):
                 wrong.append(f"{here}: steps sideways to {there}")
             elif here.as_posix() != LOOKS_UP and (floor(there) or 0) > (floor(here) or 0):
                 wrong.append(f"{here}: steps up to {there}")
