@@ -260,11 +260,7 @@ TEST (ThreadsTest, AudioAndFramesGoOnWhileUserHostAndPodsDoAsTheyLike)
 
     for (int i = 0; i < 200; ++i)
     {
-        if (i % 20 == 0)
-            rig.addPod();
-        else if (i % 20 == 15)
-            rig.pod.reset();
-
+        i % 20 == 0 ? (void) rig.addPod() : i % 20 == 15 ? rig.pod.reset() : void();
         const char* const buttons[] { "btnTest", "btnSelect_X", "btnChoose", "btnReveal", "btnResumeTest" };
 
         if (const juce::String button (buttons[i % 5]); rig.shown().contains (button))

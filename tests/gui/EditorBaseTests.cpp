@@ -162,26 +162,23 @@ TEST_F (EditorBaseTest, ShowsTheProfilerWhileItsParameterIsNotZero)
 
 TEST_F (EditorBaseTest, ShowsItsDevelopersWhatTheySwitchOn)
 {
-    Sketch paper ({}, [] (Sketch& s) { s.colour() = juce::Colours::red, s.drawFilledRect ({ 400, 100 }); });
     OxJuceOglGridComponent grid { "Grid" };
-    add (paper), editor->addControl (grid), editor->surface.enableRendering();
-    const auto looks = [&] (juce::Point<int> pixel, juce::Point<int> text)
+    editor->addControl (grid), editor->surface.enableRendering();
+    const auto isInked = [&] (int x)
     {
         EXPECT_TRUE (pumpUntil ([&, wanted = numTicks + 2] { return numTicks >= wanted; }));
         const auto shown = picture();
-        const auto line = shown.getClippedImage ({ text.x, text.y, 60, 8 });
-        const auto isInked = difference (line, shown.getClippedImage ({ text.x, 84, 60, 8 })).largest > 0;
-        return juce::String (int (shown.getPixelAt (pixel.x, pixel.y).getRed())) + (isInked ? " inked" : " empty");
+        return difference (shown.getClippedImage ({ x, 10, 60, 8 }), shown.getClippedImage ({ x, 84, 60, 8 })).largest >
+               0;
     };
 
-    for (auto& [view, pixel, text] :
-         { std::tuple (&EditorOverlays::showsHostFigures, juce::Point (219, 91), juce::Point (10, 10)),
-           { &EditorOverlays::showsTree, { 181, 99 }, { 190, 10 } },
-           { &EditorOverlays::showsUnderMouse, { 5, 99 }, { 10, 10 } } })
+    for (auto& [view, x] : { std::pair (&EditorOverlays::showsHostFigures, 10),
+                             { &EditorOverlays::showsTree, 190 },
+                             { &EditorOverlays::showsUnderMouse, 10 } })
     {
-        EXPECT_EQ (looks (pixel, text), "255 empty");
+        EXPECT_FALSE (isInked (x));
         *view = true;
-        EXPECT_EQ (looks (pixel, text), view == &EditorOverlays::showsUnderMouse ? "255 inked" : "105 inked");
+        EXPECT_TRUE (isInked (x));
         *view = false;
     }
 }
