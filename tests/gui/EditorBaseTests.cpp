@@ -18,6 +18,7 @@ struct EditorBaseTest : testing::Test, ControlRig
     struct Product : Editor   // writes down what the base tells it
     {
         using Editor::Editor;
+        ~Product() override { stopRendering(); }
         void drawOverlays() override { OxJuceEditorBase::drawOverlays(), Editor::drawOverlays(); }
         void showParameterText (const juce::String& text) override { rig.heard << text; }
         void updateProductGui() override { rig.heard << (rig.parameter (ToggleAB).changed ? "new " : "old "); }
