@@ -182,6 +182,7 @@ TEST_F (EditorBaseTest, ShowsItsDevelopersWhatTheySwitchOn)
         EXPECT_TRUE (isInked (x));
         *view = false;
     }
+    editor = nullptr;
 }
 
 TEST_F (EditorBaseTest, AsksTheDriverForVersionTwoOrTexturesOfAnySize)
