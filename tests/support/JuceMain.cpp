@@ -12,8 +12,7 @@ struct ScratchOfEachTest : testing::EmptyTestEventListener, ScratchFolders
 };
 
 #ifdef __SANITIZE_ADDRESS__
-/** Stands in for that of the system: what only the globals of a driver or a plug-in lead to is no leak while these are
-    loaded, and a report names their code. */
+/** What only the globals of a driver or a plug-in know is no leak while these stay loaded, and has a name in reports. */
 extern "C" [[gnu::visibility ("default")]] int dlclose (void*) noexcept
 {
     return 0;
