@@ -84,6 +84,7 @@ private:
 struct ControlRig : SurfaceRig, EditorMouseListener
 {
     using SurfaceRig::SurfaceRig;
+    ~ControlRig() override { editor.reset(); }
 
     void move (juce::Point<int> place, juce::ModifierKeys buttons = {}) { moveMouse (window, place, buttons); }
     void click (juce::Point<int> place)

@@ -17,8 +17,6 @@ using Patches = std::vector<std::pair<Colour, Box>>;   // on black
 
 struct TwinTest : testing::Test
 {
-    ~TwinTest() override { rig.editor = nullptr; }
-
     void show (OxOglChildComponent& control, const std::optional<Patches>& patches)
     {
         rig.add (control);
