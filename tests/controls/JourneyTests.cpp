@@ -48,12 +48,8 @@ struct JourneyRig : ControlRig
         float goesWith = -1.0f;
     };
 
-    JourneyRig() : ControlRig (200, 120, false)
-    {
-        open<Window>();
-        editor->updateGui();
-        told.clear();
-    }
+    JourneyRig() : ControlRig (200, 120, false) { open<Window>(), editor->updateGui(), told.clear(); }
+    ~JourneyRig() override { editor.reset(); }
 
     /** Goes through steps like "press 3 4", in the window's pixels. @returns what the host was told. */
     juce::String play (const char* script)
