@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "adapters/ParentWindow.h"
 #include "adapters/Vst2Host.h"
+#include "support/AudioThreadGuard.h"
 
 namespace
 {
@@ -98,7 +99,11 @@ TEST_F (Vst2Test, CutsTheNamesOfProgramsAndTellsWhatItChangesItself)
     EXPECT_EQ (effect.call (effCanBeAutomated, 2) * 2 + effect.call (effCanBeAutomated, 3), 1);
     effect->setParameter (effect.effect, 4, 1.0f);
     EXPECT_EQ (host2.edits, (std::map<int, float> { { 3, 1.0f } }));
-    EXPECT_EQ (effect.save (1), effect.save (0));
+    auto program = effect.save (1);
+    EXPECT_EQ (program, effect.save (0));
+    effect->setParameter (effect.effect, 4, 0.0f);
+    effect.call (effSetChunk, 1, t_fstPtrInt (program.size()), program.data());
+    EXPECT_EQ (effect->getParameter (effect.effect, 4), 1.0f);
 
     constexpr int magic = 0x5a3c17e6;
     EXPECT_EQ (effect.call (effVendorSpecific, 1, 203) + effect.call (effVendorSpecific, magic, 202), 0);
@@ -149,8 +154,16 @@ TEST_F (Vst2Test, ProcessesWhatHostsReallyHandOver)
         float *ins[] { in, secondIn }, *outs[] { out, secondOut };
         EXPECT_EQ (arrange (effect, { -2, numChannels }, { -2, numChannels }), 1);
         effect.start (48000.0, 100);
-        effect->processReplacing (effect.effect, ins, outs, 3 * 4096);
-        EXPECT_TRUE (isLate (heard, source, 0, 4096)) << numChannels;
+
+        for (const auto stopped : { false, true })   // after which some hosts go on
+        {
+            stopped ? effect.call (effMainsChanged) : 0;
+            std::fill_n (out, 3 * 4096, 0.0f);
+            const AudioThreadGuard guard;
+            effect->processReplacing (effect.effect, ins, outs, 3 * 4096);
+            EXPECT_EQ (guard.counts().allocations, 0) << stopped;
+            EXPECT_TRUE (isLate (heard, source, 0, 4096)) << numChannels << stopped;
+        }
     }
 }
 

@@ -115,6 +115,8 @@ TEST (AudioPathTest, ThirdChannelPassesAtOnceAndPodMetersAreSilentWhileFadingToA
     const auto heard = surround.run (64);
     EXPECT_EQ (heard.getSample (2, 9), noise (1) (2, 9));
     EXPECT_EQ (heard.getSample (1, 9), 0.0f);
+    const auto voted = surround.click (Choose).run (2000).getSample (2, 1000);   // of a fall that takes 2205
+    EXPECT_NEAR (voted, noise (1) (2, 1064) * (1205.0f / 2205.0f), 1e-4f);
 
     EngineRig rig (44100.0, 4096);
     rig.addPod().run (8192);

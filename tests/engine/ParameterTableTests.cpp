@@ -17,6 +17,7 @@ TEST (ParameterTableTest, TellsValuesAsText)
         rig->setParamDirect (param, value, false);
         EXPECT_EQ (rig->getParameterText (param), text);
     }
+    EXPECT_EQ (rig->getParamIdForKey ("SendGain"), -1) << "what is never saved is never found in a file";
     int code = 0;
 
     for (const auto* const rate : { "23.976 fps", "24 fps", "25 fps", "29.97 fps DF", "29.97 fps", "30 fps DF",

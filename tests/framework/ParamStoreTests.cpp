@@ -25,6 +25,18 @@ TEST (ParamStoreTest, EveryPathClampsAndOnlyTheUndoableOneDropsWhatChangesNothin
     }
 }
 
+TEST (ParamStoreTest, IdsThatAreNoneShareARecordAndDoNothing)
+{
+    auto rig = std::make_unique<Rig>();
+
+    for (const int id : { -1, 10, 5000, 10000, kNoParam })
+    {
+        EXPECT_EQ (&rig->parameter (id), &rig->parameter (kNoParam)) << id;
+        rig->parameter (id).value = 1.0f, rig->setParameter (id, 0.5f);
+        EXPECT_TRUE (rig->parameter (id).value == 1.0f && rig->getParameter (id) == 0.0f && rig->hooks == 0) << id;
+    }
+}
+
 TEST (GestureTest, FollowersAreHeldUntilTheLastHandLetsGo)
 {
     auto rig = std::make_unique<Rig>();

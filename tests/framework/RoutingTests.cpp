@@ -30,3 +30,22 @@ TEST (RoutingTest, KeepsTheCodesOfEachBusAndReplacesTheOthersByTheFormatsOwn)
         }
     }
 }
+
+TEST (RoutingTest, KeepsTheUsersChoiceAloneForTheNextInstancesOnSuchABus)
+{
+    auto rig = std::make_unique<Rig>();
+    juce::String stored[2];   // by the host and by the user: the number of the default that took it, for each bus
+
+    for (int channels = 1; channels <= 12; ++channels)
+        for (const auto byUser : { false, true })
+        {
+            rig->setPlayConfigDetails (channels, channels, 44100.0, 64);
+            rig->parameter (Routing).editedByGui = byUser;
+            rig->setParamDirect (Routing, thousandths::fromCode (20 + 2 * channels + byUser), false);
+
+            for (const int id : { RoutingDefault, RoutingDefault_7_1, RoutingDefault_7_1_2 })
+                if (rig->getParamCode (id) == rig->getParamCode (Routing))
+                    stored[byUser] << channels << ":" << id << " ";
+        }
+    EXPECT_EQ (stored[0] + "| " + stored[1], "| 1:9000 2:9000 3:9000 4:9000 5:9000 6:9000 8:9001 10:9002 ");
+}

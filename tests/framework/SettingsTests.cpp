@@ -86,6 +86,26 @@ TEST (SettingsTest, WritesToBothRootsAndInsistsOnTheUsers)
     EXPECT_EQ (std::string (bytes, std::size_t (size)), "\x6f\x12\x03\x3b");
 }
 
+TEST (SettingsTest, DeletesTheUsersValueAndThenTheMachinesAndSaysWhereItStopped)
+{
+    // In the user's root and in the machine's: a value, one that nobody can delete, or not even a key.
+    for (const auto& [kept, code] : { std::pair ("-v", -1), { "xv", -2 }, { "v-", -3 }, { "vx", -4 }, { "vv", 1 } })
+    {
+        for (const auto root : { Root::user, Root::machine })
+        {
+            const auto folder = root == Root::user ? user : machine;
+            const auto what = kept[root == Root::user ? 0 : 1];
+            folder().deleteRecursively();
+            what != '-' ? put (root, Kind::text, "") : void();
+            what == 'x' ? block (values (folder)[0]) : void();
+        }
+        EXPECT_EQ (deleteSetting (getProductSettingsPath(), "N"), code);
+        EXPECT_EQ (values (user).isEmpty(), code != -2) << code;
+        EXPECT_EQ (values (machine).isEmpty(), code == -3 || code == 1) << code;
+    }
+    EXPECT_TRUE (deleteSetting (getProductSettingsPath(), "n") == 1 && deleteSetting ("", "n") == 0) << "none is left";
+}
+
 TEST (SettingsTest, AFullDiskLeavesTheOldValueAndNothingElse)
 {
     EXPECT_TRUE (writeSettingText ("n", "old"));
