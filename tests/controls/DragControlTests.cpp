@@ -6,22 +6,6 @@
 namespace
 {
 
-TEST (DragControlTest, CountsTheLargerMovementFromTheLastStep)
-{
-    for (const auto& [script, heard] : {
-             std::pair ("press 0 0 | drag 3 -3 | drag 6 -7 | drag 3 -3 | drag 23 -3 fine | drag 9 -3 reset",
-                        "< 0.515 0.535 0.515 0.525"),
-             { "press 0 0 | drag 300 0 | drag 299 0 | release | drag 0 0", "< 1 0.995 >" },
-             { "wheel -0.5 -0.5 | wheel 1 1 reset | wheel 0 0", "< 0.35 > < >" },
-             { "press 0 0 | lock | unlock | drag 10 0 | release", "< >" },
-         })
-    {
-        OxJuceDragControl knob ("knob");
-        knob.setValue (0.5f, false);
-        EXPECT_EQ (Hand (knob).play (script), heard) << script;
-    }
-}
-
 TEST (DragControlTest, ShowsItsParametersTextAndTakesATypedNumberAsOneEdit)
 {
     ControlRig rig;

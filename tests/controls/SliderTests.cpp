@@ -55,18 +55,4 @@ TEST (SliderTest, StaysLitForFiftyMillisecondsAndDimsForTwoHundred)
     EXPECT_EQ (slider.stepThumbFade (juce::Time (1300)), 0.0f);
 }
 
-TEST (SliderTest, LeavesTheMouseToAHostThatTakesIt)
-{
-    ControlRig rig (200, 60);
-    Slider gain;
-    gain.attach (duoJudge::ToggleAB, rig.editor.get());
-    EXPECT_EQ (Hand (gain).play ("press 15 0 | drag 55 0 | release | wheel 1 0"), "< 0.1 0.5 > < 0.85 >");
-    rig.editor->addHostMouseListener (rig);
-    EXPECT_EQ (Hand (gain).play ("press 15 0 | drag 55 0 | release | wheel 1 0"), "");
-    gain.attach (duoJudge::SendGain, rig.editor.get());
-    EXPECT_EQ (Hand (gain).play ("press 15 0 | release"), "< 0.1 >") << "a host that does not know the parameter";
-    gain.attach (kNoParam, rig.editor.get());
-    rig.editor.reset();
-}
-
 }   // namespace

@@ -5,22 +5,6 @@
 namespace
 {
 
-using Format = OxJuceTextEdit::Format;
-
-TEST (TextEditTest, KeepsOfATextWhatItsFormatAndLengthAllow)
-{
-    for (const auto& [format, maxLength, text, expected] : { std::tuple (Format::anyText, 3, "é -àù", "é -"),
-                                                             { Format::wholeNumber, 3, "-a1b2c3", "-12" },
-                                                             { Format::number, 0, " -1e9 dB", "19" } })
-    {
-        OxJuceTextEdit field ("field");
-        field.format = format;
-        field.maxLength = maxLength;
-        field.setText (juce::CharPointer_UTF8 (text));
-        EXPECT_STREQ (field.getText().toRawUTF8(), expected) << text;
-    }
-}
-
 /** A field in an editor on the screen, and the hands of a user. */
 struct TypingRig : ControlRig
 {

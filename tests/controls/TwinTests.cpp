@@ -2,11 +2,7 @@
 // What a control draws on the surface, and what its twin paints, are the same and what they are meant to be.
 #include "ControlRig.h"
 #include "controls/OxJuceButton.h"
-#include "controls/OxJuceDragControl.h"
-#include "controls/OxJuceLines.h"
-#include "controls/OxJuceSlider.h"
 #include "controls/OxJuceTextEdit.h"
-#include "metering/OxJuceMultiGradient.h"
 
 namespace
 {
@@ -62,57 +58,8 @@ TEST_F (TwinTest, AButtonShowsItsFillOrPicture)
     show (ground, Patches { { Colour (0xff404040), box } });
 }
 
-TEST_F (TwinTest, ASliderShowsTrackBarAndThumb)
+TEST_F (TwinTest, ATextFieldFillsItsBox)
 {
-    const auto grey = juce::Colours::grey;
-    juce::Image thumbImage (juce::Image::RGB, 11, 9, false);
-    thumbImage.clear (thumbImage.getBounds(), grey);
-    OxJuceSlider slider ("slider");
-    slider.setImage (thumbImage, 0);
-    slider.trackColour = Colour (0xff202020);
-    slider.barColour = Colour (0xff402000), slider.barColourAtOne = Colour (0xff40a000);
-    slider.thumbOffset = juce::Point (1, 2);
-
-    for (const auto& [value, bar, thumb] : { std::tuple (0.25f, Box (15, 10, 10, 10), Box (20, 12, 11, 9)),
-                                             { 0.75f, { 15, 10, 30, 10 }, { 40, 12, 11, 9 } } })
-    {
-        const Colour barColour { value < 0.5f ? 0xff404000 : 0xff408000 };
-        const Box track (15, 10, 40, 10);
-        slider.setTrackBounds (track, true);
-        slider.setValue (value, false);
-        show (slider, Patches { { slider.trackColour, track }, { barColour, bar }, { grey.withAlpha (0.8f), thumb } });
-    }
-}
-
-TEST_F (TwinTest, LinesReachFromPointToPointAsRowsOfPixels)
-{
-    for (const auto& [from, to, top] : { std::tuple (0.1f, 0.9f, 30), { 0.9f, 0.1f, 29 } })
-    {
-        OxJuceLines lines;
-        lines.setBounds (0, 0, 80, 60);
-        lines.addPoint (from, 0.5f, juce::Colours::skyblue);
-        show (lines, Patches());
-        lines.addPoint (to, 0.5f, juce::Colours::skyblue);
-        show (lines, Patches { { juce::Colours::skyblue, Box (8, top, 64, 1) } });
-    }
-}
-
-TEST_F (TwinTest, AGradientFillsFromTheFirstStopToTheLastAndATextFieldItsBox)
-{
-    OxJuceMultiGradient gradient;
-    gradient.setBounds (0, 0, 50, 50);
-    gradient.addStop (0.2f, Colour (0xff404040));
-    show (gradient, Patches());
-    gradient.addStop (0.8f, Colour (0xff151515)), gradient.addStop (0.4f, Colour (0xff504040));
-    auto expected = painted (80, 60, [&] (auto& g) { gradient.paint (g); });
-
-    for (const int clear : { 0, 40 })   // where the twin goes on
-        expected.clear (Box (0, clear, 50, 10));
-
-    rig.add (gradient);
-    EXPECT_TRUE (looksLike (expected, rig.picture(), 2));
-    rig.editor->surface.removeChildComponent (&gradient);
-
     OxJuceTextEdit field ("field");
     field.setBounds (10, 10, 60, 16);
     field.boxColour = Colour (0x80c04020), field.backgroundColour = juce::Colours::lime;

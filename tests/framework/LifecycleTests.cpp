@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "adapters/HostTools.h"
 #include "framework/Rig.h"
 
 using namespace duoJudge;
@@ -29,13 +30,9 @@ TEST (LifecycleTest, BypassKeepsTheLatencyAndDoesNotClick)
     {
         auto rig = std::make_unique<Rig> (numChannels);
         rig->setLatencySamples (latency);
-        juce::AudioSampleBuffer noise (numChannels, length), heard;
+        const auto source = noise (numChannels, length);
+        auto heard = source;
         juce::Random random (1);
-
-        for (int i = 0; i < numChannels * length; ++i)
-            noise.setSample (i / length, i % length, random.nextFloat() - 0.5f);
-
-        heard.makeCopyOf (noise);
 
         for (int start = 0, size; start < length; start += size)
         {
@@ -45,7 +42,7 @@ TEST (LifecycleTest, BypassKeepsTheLatencyAndDoesNotClick)
         }
         for (int i = from; i < length; ++i)
             for (int channel = 0; channel < numChannels; ++channel)
-                ASSERT_EQ (heard.getSample (channel, i), noise.getSample (channel, i - delay)) << i;
+                ASSERT_EQ (heard.getSample (channel, i), source.getSample (channel, i - delay)) << i;
     }
 }
 

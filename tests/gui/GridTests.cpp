@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "SurfaceRig.h"
-#include "gui/GridAlignment.h"
 #include "gui/OxJuceGridComponent.h"
 
 namespace
@@ -24,21 +23,6 @@ struct Grid : OxJuceGridComponent
         setAutoLayout (true);
     }
 };
-
-TEST (GridTest, AlignsInSixteenWays)
-{
-    const Box cell (10, 20, 30, 40);
-    const Box codes[] { { 10, 20, 7, 5 },  { 22, 20, 7, 5 },   { 33, 20, 7, 5 },  { 10, 38, 7, 5 },
-                        { 22, 38, 7, 5 },  { 33, 38, 7, 5 },   { 10, 55, 7, 5 },  { 22, 55, 7, 5 },
-                        { 33, 55, 7, 5 },  { 10, 20, 30, 40 }, { 10, 20, 30, 5 }, { 10, 38, 30, 5 },
-                        { 10, 55, 30, 5 }, { 10, 20, 7, 40 },  { 22, 20, 7, 40 }, { 33, 20, 7, 40 } };
-
-    for (int code = 1; code <= 16; ++code)
-        EXPECT_EQ (alignInCell (code, cell, { 7, 5 }), codes[code - 1]) << code;
-
-    for (const int code : { -1, 0, 17 })
-        EXPECT_EQ (alignInCell (code, cell, { 7, 5 }), Box()) << code;
-}
 
 TEST (GridTest, PutsGapsAndSpansAroundHiddenColumns)
 {
