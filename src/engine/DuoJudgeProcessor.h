@@ -86,11 +86,6 @@ public:
 
     Relaxed<bool> nameChanged = false;   // a stored name was read; the editor clears it after showing the name
 
-    static juce::String getSettingsName() { return getProductNames().settings; }
-    static juce::String getShortName() { return getProductNames().brief; }
-    static juce::String getDisplayName() { return getProductNames().display; }
-    static juce::String getVersion() { return getProductNames().version; }
-
     // juce::AudioProcessor
     const juce::String getName() const override { return "ORVEX DuoJudge"; }
     juce::AudioProcessorEditor* createEditor() override;

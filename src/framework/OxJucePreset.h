@@ -65,7 +65,9 @@ public:
     /** @returns the version of the parameters' meaning in the file that was loaded, or -1 */
     int getFileVersion() const noexcept { return fileVersion; }
 
-    /** @returns what the file holds for a normal parameter, or -1 if it holds nothing. */
+    static constexpr float kNotInFile = -1.0f;
+
+    /** @returns what the file holds for a normal parameter, or `kNotInFile` */
     float getSavedValue (int id) const noexcept { return savedValues.params[static_cast<std::size_t> (id)].value; }
 
 private:

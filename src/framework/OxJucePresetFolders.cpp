@@ -141,7 +141,7 @@ std::vector<OxJucePreset> OxJucePresetFolders::buildPresetList (const juce::Stri
 
     for (const auto& name : names)
     {
-        if (name == shown || (index < 0 && encodePresetName (name) == encoded))
+        if (name == shown || (index < 0 && encoded.isNotEmpty() && encodePresetName (name) == encoded))
             index = static_cast<int> (list.size());
 
         list.emplace_back (&processor, folder, name);

@@ -286,7 +286,7 @@ public:
     bool isVenueVersion = false;
     Relaxed<bool> isAudioSuite = false;   // the host has this instance for offline passes
 
-    Relaxed<bool> stateRestored = false;              // a host has handed over a state, of whatever kind
+    Relaxed<bool> stateRestored = false;              // a state of our own kind was loaded
     Relaxed<bool> paramMapVersionFound = false;       // the state loaded last had a map version
     Relaxed<bool> loadedFromPrev = false;             // this session came from an earlier version's format
     Relaxed<bool> prevStateStored = false;            // `prevState` holds what that version stored

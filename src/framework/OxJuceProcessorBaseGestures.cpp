@@ -40,8 +40,6 @@ void OxJuceProcessorBase::endGesture (int id)
 
         if (! gestureParams.isEmpty())
             return;
-
-        gestureParams.clear();
     }
 
     juce::Array<int> followers;

@@ -8,12 +8,8 @@ namespace
 constexpr int kOfflineChunk = 1024;   // samples
 constexpr juce::int32 kVendorMagic = 0x5a3c17e6;
 
-enum Command : juce::int32
+enum Command : juce::int32   // beside those that name a `ProcessMode`
 {
-    cmdStartAnalysis = 101,
-    cmdStartRender = 102,
-    cmdFinishAnalysis = 103,
-    cmdFinishRender = 104,
     cmdAnswerFalse = 105,
     cmdPointer = 201,
     cmdIsMenuOpen = 202,
@@ -93,19 +89,19 @@ juce::int64 OxJuceProcessorBase::handleVendorCommand (juce::int32 magic, juce::i
 
     switch (opcode)
     {
-        case cmdStartAnalysis:
+        case offlineAnalysis:
             processMode = opcode;
             prepareOfflineAnalysis();
             return 0;
-        case cmdStartRender:
+        case offlineRender:
             processMode = opcode;
             prepareOfflineRender();
             return 0;
-        case cmdFinishAnalysis:
+        case analysisFinished:
             processMode = opcode;
             finishOfflineAnalysis();
             return 0;
-        case cmdFinishRender:
+        case renderFinished:
             processMode = opcode;
             finishOfflineRender();
             return 0;
