@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The one link to the pod that is source B.
+// Finding, taking and losing the pod behind source B.
 #include "engine/DuoJudgeProcessor.h"
 
 using namespace duoJudge;

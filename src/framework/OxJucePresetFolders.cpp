@@ -104,7 +104,7 @@ juce::StringArray OxJucePresetFolders::listPresetFolders() const
     if (names.isEmpty())
         createPresetFolder ("User");
 
-    names.sort (false);
+    names.sort (true);
 
     for (int index = 0; index < factoryFolders.size(); ++index)
     {

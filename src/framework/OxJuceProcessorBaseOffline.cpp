@@ -59,7 +59,7 @@ void OxJuceProcessorBase::processInChunks (juce::AudioSampleBuffer& block, Proce
         const auto length = std::min (kOfflineChunk, block.getNumSamples() - start);
         juce::AudioSampleBuffer chunk (block.getArrayOfWritePointers(), block.getNumChannels(), start, length);
         blockStartSample = offlineSamplePos;
-        timerCallback();   // the message loop may not run during a render
+        timerCallback();   // by hand: a host may hold up the events until its render is done
         runPendingTimers();
         process (chunk);
         offlineSamplePos += length;

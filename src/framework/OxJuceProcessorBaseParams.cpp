@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The parameter store: groups, records, and the ways a value changes.
+// The parameter store: where records lie, and what a write of one entails.
 #include "framework/OxJuceProcessorBase.h"
 
 #include "framework/OxJuceUndoableAction.h"

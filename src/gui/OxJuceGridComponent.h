@@ -5,11 +5,11 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
-/** Lays components out in rows and columns of fixed or relative size [message thread].
+/** All layout of the window: a table whose tracks have their own pixels, or a share of what is left [message thread].
 
     Each cell holds a main component, which becomes a child, and an extra one, which is laid out there too but is no child:
-    no mouse reaches it, and it is left to a subclass to draw it. Grids nest. A grid is built empty and lays out only when
-    told; with `setAutoLayout` on it does so at once after each change.
+    no mouse reaches it, and it is left to a subclass to draw it. Grids may hold grids. A grid is built empty, and waits to
+    be told before it lays out, unless `setAutoLayout` has it follow each change.
 
     All operations name the column first. A column or a row that is not there gives false, null or an empty rectangle and
     changes nothing; a setting that is as it was lays nothing out. A component that is deleted elsewhere leaves its cell
