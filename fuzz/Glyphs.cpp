@@ -25,7 +25,7 @@ void run (const std::uint8_t* data, std::size_t size)
             width += metrics->getWidth (code);
         }
 
-        promise (*next == 0 && next <= text.c_str() + size && width >= 0);
+        promise (next <= text.c_str() + size && width >= 0);
     }
 }
 

@@ -26,5 +26,5 @@ private:
     juce::Label listenersLabel, levelLabel;
     juce::TextEditor nameField;
     juce::Rectangle<int> meterArea;
-    float levelDb;   // as shown: rises at once, falls slowly
+    float levelDb;   // what the bar shows: its fall is slowed down
 };

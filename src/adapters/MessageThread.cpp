@@ -4,9 +4,8 @@
 #include "platform/EventWait.h"
 #include "platform/Relaxed.h"
 
-#include <algorithm>
+#include <list>
 #include <mutex>
-#include <vector>
 
 #include <juce_events/native/juce_linux_EventLoopInternal.h>
 
@@ -15,11 +14,18 @@ namespace
 
 using ToolkitLock = juce::MessageManager::Lock;
 
-// What our own thread uses is not destroyed at the end of the process: a host may end by exit() with plug-ins in place, on
-// any thread, this one included.
-std::mutex waitMutex;                                             // of both lists, and while the host takes over
-auto& waiting = *new std::vector<const ToolkitLock*>;             // for our own thread to hold still
-auto& retired = *new std::vector<std::unique_ptr<ToolkitLock>>;   // our own thread may still be leaving a call of these
+/** Stays at the end of the process, as all that our own thread uses has to: a host may end by exit() with plug-ins in place,
+    on any thread, this one included. What it held is given back with the last plug-in. */
+template <typename Value>
+union Staying
+{
+    ~Staying() {}
+    Value value {};
+};
+
+std::mutex waitMutex;                                       // of both lists, and while the host takes over
+Staying<std::list<const ToolkitLock*>> waiting;             // for our own thread to hold still
+Staying<std::list<std::unique_ptr<ToolkitLock>>> retired;   // our own thread may still be leaving a call of these
 
 /** Waits for the toolkit's events and runs them. */
 class OwnThread : private juce::Thread
@@ -56,7 +62,7 @@ private:
                 juce::LinuxEventLoopInternal::invokeEventLoopCallbackForFd (descriptor);
 
             const std::lock_guard<std::mutex> guard (waitMutex);
-            retired.clear();
+            retired.value.clear();
         }
     }
 
@@ -66,7 +72,7 @@ private:
 std::mutex mutex;   // of all below
 int numUsers = 0;
 std::atomic<int> numLoans { 0 };
-auto& ownThread = *new std::unique_ptr<OwnThread>;
+Staying<std::unique_ptr<OwnThread>> ownThread;
 Relaxed<bool> hostRunsEvents = false;
 
 }   // namespace
@@ -99,7 +105,7 @@ MessageThread::User::User()
         return;
 
     juce::initialiseJuce_GUI();
-    ownThread = std::make_unique<OwnThread>();
+    ownThread.value = std::make_unique<OwnThread>();
 }
 
 MessageThread::User::~User()
@@ -109,9 +115,9 @@ MessageThread::User::~User()
     if (--numUsers > 0)
         return;
 
-    jassert (ownThread == nullptr || ! ownThread->isCurrent());
-    ownThread.reset();
-    retired.clear();
+    jassert (ownThread.value == nullptr || ! ownThread.value->isCurrent());
+    ownThread.value.reset();
+    retired.value.clear();
     hostRunsEvents = false;
     runEvents();
     juce::shutdownJuce_GUI();
@@ -133,12 +139,12 @@ MessageThread::Lock::Lock()
             return;
 
         lock = std::make_unique<ToolkitLock>();
-        waiting.push_back (lock.get());
+        waiting.value.push_back (lock.get());
     }
 
     held = lock->tryEnter();
     const std::lock_guard<std::mutex> guard (waitMutex);
-    waiting.erase (std::find (waiting.begin(), waiting.end(), lock.get()));
+    waiting.value.remove (lock.get());
 }
 
 MessageThread::Lock::~Lock()
@@ -148,7 +154,7 @@ MessageThread::Lock::~Lock()
 
     lock->exit();
     const std::lock_guard<std::mutex> guard (waitMutex);
-    retired.push_back (std::move (lock));
+    retired.value.push_back (std::move (lock));
 }
 
 MessageThread::Loan::Loan()
@@ -172,11 +178,11 @@ void MessageThread::lendHostThread()
         const std::lock_guard<std::mutex> guard (waitMutex);
         hostRunsEvents = true;
 
-        for (const auto* const one : waiting)
+        for (const auto* const one : waiting.value)
             one->abort();
     }
 
-    ownThread.reset();
+    ownThread.value.reset();
     juce::MessageManager::getInstance()->setCurrentThreadAsMessageThread();
 }
 
@@ -185,6 +191,6 @@ void MessageThread::returnHostThread()
     const std::lock_guard<std::mutex> lock (mutex);
     hostRunsEvents = false;
 
-    if (ownThread == nullptr)
-        ownThread = std::make_unique<OwnThread>();
+    if (ownThread.value == nullptr)
+        ownThread.value = std::make_unique<OwnThread>();
 }

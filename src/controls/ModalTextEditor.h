@@ -5,8 +5,7 @@
 
 class ModalTextEditorUser;
 
-/** The one place where a user types: a text editor in a modal window of its own, exactly over the control that asked for it
-    [message thread].
+/** Typing is left to the toolkit: its text editor, in a modal window that covers the control meanwhile [message thread].
 
     An edit ends by Return, Escape, a click outside, or when the keyboard goes elsewhere; also when the control no longer
     shows, as in an editor that its host closes. It delivers its text exactly once, and not at all if it dies first.
@@ -26,7 +25,7 @@ public:
 
     /** Arms an edit; its window comes up a moment later, when the mouse event that asked for it is over. An edit that is open
         ends first. @param newUser receives the text; its component must stay on screen for as long as the edit is to last
-        @param forReading the text can be selected and copied, not changed */
+        @param forReading no key changes the text, but it can be copied */
     void open (ModalTextEditorUser& newUser, bool forReading, const juce::String& text);
 
     /** Whether an edit is armed or open. */
@@ -53,7 +52,7 @@ private:
     bool hasKeyboard() const;
 
     juce::uint32 startTime = 0;                              // milliseconds, when the edit was armed
-    ModalTextEditorUser* user = nullptr;                     // who receives the text, null while no edit is open
+    ModalTextEditorUser* user = nullptr;                     // gets the text; null without an edit
     juce::Component::SafePointer<juce::Component> control;   // the user, as the window sees it
     std::unique_ptr<ViewWatch> viewWatch;                    // of the control
     bool hadKeyboard = false;                                // at the last tick

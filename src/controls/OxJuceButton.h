@@ -49,8 +49,8 @@ public:
     void mouseUp (const juce::MouseEvent& event) override;
 
     bool momentary = false;         // on from press to release
-    Relaxed<bool> solid = false;    // a flat fill rather than a picture
-    Relaxed<bool> tinted = false;   // the picture takes its tint colour
+    Relaxed<bool> solid = false;    // shows its fill, no picture
+    Relaxed<bool> tinted = false;   // multiplies the picture by the tint
 
 protected:
     /** The picture in the pending colour, its texture bound [render thread]. */

@@ -5,12 +5,12 @@
 #include "framework/OxParamRecord.h"
 #include "gui/OxOglChildComponent.h"
 
-/** Base of everything that a user can touch: one value from 0 to 1, a parameter it may stand for, listeners, and the mouse
-    conventions of the framework.
+/** What the mouse can work: a value from 0 to 1 with listeners, alone or in a parameter's place. What all kinds have in
+    common stands here too: gestures, locks, the click for the default, the key for fine steps, the host's first say.
 
-    The value is a copy. A control never talks to the processor: it changes its own value and tells its listeners, of whom
-    the editor moves it to the parameter; a value that the editor brings comes silently. Everything runs on the message
-    thread but what says [render thread] or [any thread]. A control without an editor takes every call. */
+    No control has the processor at hand. As one of the listeners the editor carries a value down to the parameter, and it
+    brings others up without a word to anybody; with no editor a control works by itself. All on the message thread, but
+    what says [render thread] or [any thread]. */
 class OxJuceControl : public OxOglChildComponent
 {
 public:
@@ -61,11 +61,11 @@ public:
     /** Called with each new value, before the listeners are. */
     virtual void valueChanged (float) {}
 
-    /** The application's lock: no mouse input. It ends a gesture first. */
+    /** Takes the mouse away, as the toolkit's enablement does, but for the product's own reasons; ends a gesture first. */
     virtual void setLocked (bool shouldBeLocked);
     virtual void lockChanged() {}
 
-    /** What the control shows depends on something that has just changed. */
+    /** Makes the picture anew from what it is made of. */
     virtual void refresh() {}
 
     /** At which opacity the control draws everything [any thread]. */
@@ -76,7 +76,7 @@ public:
     void mouseEnter (const juce::MouseEvent& event) override;
     void setVisible (bool shouldBeVisible) override;
 
-    Relaxed<bool> inverted = false;   // shows 1 minus the parameter
+    Relaxed<bool> inverted = false;   // its 1 is the parameter's 0
     bool showsParameterText = true;   // tells the editor when the pointer comes
     Relaxed<bool> dimsWhenLocked = true;
     Relaxed<float> lockedOpacity = 0.5f, normalOpacity = 1.0f;
@@ -93,10 +93,10 @@ protected:
     /** Whether a click means the default: alt on one kind of host, ctrl on the others. */
     bool isResetClick (const juce::MouseEvent& event) const;
 
-    /** Goes back to the default if the click asks for it. */
+    /** On a click for it, the default becomes the value. */
     virtual void resetOnClick (const juce::MouseEvent& event);
 
-    /** The scale of a mouse movement: a tenth while the key for fine steps is down. */
+    /** What a mouse movement is multiplied by: 0.1 with the key for fine steps down, else 1. */
     virtual float getFineFactor (const juce::MouseEvent& event) const;
 
     /** Whether the host takes a mouse event on its parameter for itself. Every handler asks first, and stops on true;

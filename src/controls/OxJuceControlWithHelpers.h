@@ -7,10 +7,10 @@
 
 #include <array>
 
-/** A control with what nearly every one needs to look right: four images by state, a background, a label in a bitmap font,
-    and an overlay that fades in while the pointer is over it.
+/** The looks that most controls share: images, a background, a label in a bitmap font, and an overlay that comes up under
+    the pointer.
 
-    Of the images, 0 and 1 are the pictures of the off and the on state, 2 and 3 the overlays of the two. */
+    Images 0 and 1 show off and on; 2 and 3 are laid over them. */
 class OxJuceControlWithHelpers : public OxJuceControl, public OxJuceOglFontUser
 {
 public:
@@ -18,7 +18,7 @@ public:
 
     explicit OxJuceControlWithHelpers (const juce::String& nameOfControl);
 
-    /** An index beyond the last is ignored. */
+    /** @param index 0 to 3; any other does nothing */
     virtual void setImage (const juce::Image& image, int index);
     const juce::Image& getImage (int index) const { return images[static_cast<std::size_t> (index)]; }
 

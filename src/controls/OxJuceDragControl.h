@@ -4,11 +4,11 @@
 #include "controls/ModalTextEditorUser.h"
 #include "controls/OxJuceControlWithHelpers.h"
 
-/** Adds the pointer's movement to its value: a knob that shows a frame of an image strip, or a box with its parameter's text
-    into which a user can type [message thread, but for `draw`].
+/** Follows the distance that the pointer is dragged: a knob, one picture of a strip for each position, or a box that spells
+    its parameter out and can be typed into [message thread, but for `draw`].
 
-    Up and right both raise the value; of the two movements the larger alone counts. Each step counts from the last one, so at
-    the end of the range the value turns as soon as the pointer does. */
+    Of a slanting drag only the longer part counts, and up is as good as right. Each movement is measured from the one
+    before, so a pointer that went too far past an end is answered at once when it turns. */
 class OxJuceDragControl : public OxJuceControlWithHelpers, public ModalTextEditorUser
 {
 public:
@@ -18,7 +18,7 @@ public:
     explicit OxJuceDragControl (const juce::String& nameOfControl) : OxJuceControlWithHelpers (nameOfControl) {}
 
     /** @param count       frames of each image, one under another
-        @param isContinuous or else stepped: the value is the frame, in thousandths */
+        @param isContinuous the value picks among all frames; or else it numbers one, in thousandths */
     void setFrames (int count, bool isContinuous);
 
     /** A box with the parameter's text instead of a picture. */
@@ -58,7 +58,7 @@ public:
     // ModalTextEditorUser
     void textEditFinished (const juce::String& text) override;
 
-    bool wraps = false;   // past one end it comes back at the other
+    bool wraps = false;   // the range is a ring
     bool draggable = true, typeInDisabled = true;
     bool limited = false;   // to these two
     float limitLow = -100.0f, limitHigh = 100.0f;

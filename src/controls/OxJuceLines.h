@@ -5,8 +5,8 @@
 
 #include <vector>
 
-/** A line through points that are given in fractions of the control's size. Upright and level stretches are exact rows of
-    pixels. It takes no mouse input, and is not dimmed for that. */
+/** A line that scales with the control: the places of its points are shares of width and height. Upright and level
+    stretches are exact rows of pixels. It takes no mouse input, and is not dimmed for that. */
 class OxJuceLines : public OxJuceControl
 {
 public:

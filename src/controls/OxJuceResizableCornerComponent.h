@@ -3,8 +3,8 @@
 
 #include "gui/OxOglChildComponent.h"
 
-/** The grip in the lower right corner of something that the user can resize: only its own lower right triangle takes the
-    mouse. All grips together resize at most ten times a second, so the last movement of a drag may be lost. */
+/** A grip for the lower right corner of what it resizes; its upper left lets clicks through. A resize lays out a whole
+    window, so from one to the next, of whatever grip, 100 ms pass: what the pointer did last may be without effect. */
 class OxJuceResizableCornerComponent : public OxOglChildComponent
 {
 public:

@@ -30,7 +30,7 @@ public:
     // juce::Component
     void resized() override;
 
-    Relaxed<bool> drawsOversizeLabel = false;   // or else a label that does not fit is not drawn
+    Relaxed<bool> drawsOversizeLabel = false;   // even a label that is larger than the button
 
 protected:
     // OxJuceButton and its bases

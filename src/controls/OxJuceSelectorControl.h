@@ -4,8 +4,8 @@
 #include "controls/OxJuceButton.h"
 #include "controls/OxJuceSelectorPopUp.h"
 
-/** A drop-down list within the editor: a flat box with the chosen item, and a list of all that a click opens above
-    everything else. A click outside the list closes it.
+/** Chooses one of several texts. A flat box shows the choice; a click on it unrolls them all, on top of the editor, and one
+    beside them rolls them up again.
 
     The value is the chosen row in thousandths, and may point past the end, which shows nothing. From opening to closing is
     one gesture. The list closes too when the selector is locked, disabled or goes out of view. */
@@ -52,7 +52,7 @@ private:
 
     juce::StringArray items;                 // these three change while no frame is drawn
     juce::Array<juce::Colour> itemColours;   // one an item
-    juce::Array<bool> rowDisabled;           // one an item; a row past its end is enabled
+    juce::Array<bool> rowDisabled;           // by row; those that it does not reach are enabled
     OxJuceButton m_btnPopupBackground;       // covers the editor while the list is open
     OxJuceSelectorPopUp m_Popup;
 };

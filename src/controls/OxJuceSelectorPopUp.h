@@ -5,8 +5,8 @@
 
 class OxJuceSelectorControl;
 
-/** The list that a selector opens: one row an item, on the surface of the editor. It does not scroll; of a list longer than
-    the editor only the rows within it are drawn.
+/** The list that a selector opens: one row an item, on the surface of the editor. With no way to scroll, rows that fall
+    outside the surface are not drawn.
 
     Its value is no selection. It goes to 1 with a click on a row that can be chosen, and the selector asks which. */
 class OxJuceSelectorPopUp : public OxJuceControlWithHelpers
@@ -43,5 +43,5 @@ private:
     Relaxed<int> rowHeight = 0;                  // pixels
     Relaxed<int> firstRow = 0, rowsInView = 0;   // at most, of those that lie within the surface
     Relaxed<int> hoverRow = -1;
-    Relaxed<OxJuceSelectorControl*> selector = nullptr;   // null until the first opening
+    Relaxed<OxJuceSelectorControl*> selector = nullptr;   // of the last opening, null before any
 };

@@ -7,8 +7,8 @@
 
 /** Puts the value where the pointer is on a track [message thread, but for `draw`].
 
-    The thumb's picture is the first image; without one the slider works with a thumb of no size. With the key for fine
-    steps down, the thumb goes a tenth as far as the pointer, from where the press began. */
+    Image 0 is the thumb; without it the slider works with a thumb of no size. With the key for fine steps down, the thumb
+    goes a tenth as far as the pointer, from where the press began. */
 class OxJuceSlider : public OxJuceControlWithHelpers
 {
 public:
@@ -48,7 +48,7 @@ public:
     void mouseWheelMove (const juce::MouseEvent& event, const juce::MouseWheelDetails& wheel) override;
 
     Relaxed<Orientation> orientation = Orientation::vertical;   // set before the bounds
-    Relaxed<bool> bipolar = false;                              // the bar grows from the middle
+    Relaxed<bool> bipolar = false;                              // its bar begins half way
     Relaxed<juce::Colour> trackColour = juce::Colour(), barColour = juce::Colour();
     Relaxed<juce::Colour> trackColourAtOne = juce::Colour(),
                           barColourAtOne = juce::Colour();   // transparent for no change
@@ -56,16 +56,16 @@ public:
     Relaxed<bool> thumbFadesColour = false;                         // between these two, rather than in opacity
     Relaxed<float> thumbBrightAlpha = 1.0f, thumbDimAlpha = 0.8f;   // under the pointer, and away from it
     Relaxed<juce::Point<int>> thumbOffset = juce::Point<int>();     // moves the picture alone
-    int otherParameterId = kNoParam;                                // for which a slider without a parameter acts
+    int otherParameterId = kNoParam;                                // stood in for by a slider that has none
 
 protected:
-    // OxJuceControl: back to the default of the other parameter.
+    // OxJuceControl: also of a parameter that it stands in for.
     void resetOnClick (const juce::MouseEvent& event) override;
 
     /** How far the thumb is lit, 0 to 1: in full under the pointer and for 50 ms after, then less and less for 200 ms
         [render thread]. */
     float stepThumbFade (juce::Time now);
-    juce::Time getFadeStartTime() const noexcept { return fadeStartTime; }   // 0 when no fade is under way
+    juce::Time getFadeStartTime() const noexcept { return fadeStartTime; }   // 0 with the thumb at rest
 
 private:
     struct Picture;
@@ -77,7 +77,7 @@ private:
     std::optional<float> getValueAt (const juce::MouseEvent& event) const;
     bool actsForOther() const { return getParameterId() == kNoParam && otherParameterId != kNoParam; }
 
-    Relaxed<juce::Time> fadeStartTime = juce::Time();   // when the pointer last lit the thumb [render thread]
+    Relaxed<juce::Time> fadeStartTime = juce::Time();   // the last moment in full light [render thread]
     Relaxed<float> thumbLight = 0.0f;                   // as drawn last
     Relaxed<bool> hovered = false;
     juce::Point<int> dragOrigin;        // the pointer at the press

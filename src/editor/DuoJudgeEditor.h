@@ -12,11 +12,10 @@
 
 class DuoJudgeProcessor;
 
-/** The product's window, of one size: the user picks a pod and compares A with B, listens blind to X and Y and votes, and
-    sees how the votes fell.
+/** The product's window, of one size, and its three views: open comparison, blind test, results.
 
-    The three are views of one grid: a view is what stands in the cells. Selection, test and votes are the processor's; the
-    window keeps nothing of them, and always opens on the normal view. Everything runs on the message thread. */
+    To change the view is to put other components into the cells of one grid. Selection, test and votes are the processor's;
+    the window keeps nothing of them, and always opens on the first view. All on the message thread. */
 class DuoJudgeEditor : public DuoJudgeEditorBase
 {
 public:

@@ -44,7 +44,7 @@ void DuoJudgeEditor::showNormalView()
     mainGrid.setCellSpan (2, 1, 1, 3);
     placeSendGain();
 
-    constexpr int columns[] { 1, 5, 3, 7 };   // own and pod signal, channel by channel
+    constexpr int columns[] { 1, 5, 3, 7 };   // by meter: the own pair to the left, the pod's to the right
 
     for (std::size_t index = 0; index < meters.size(); ++index)
         put (levelMeterGrid, columns[index], 0, meters[index]);

@@ -165,6 +165,7 @@ void DuoJudgeProcessor::readExtraState (const juce::XmlElement& xml)
 
     setInstanceName (name);
     nameChanged = true;
+    guiUpdatePending = true;
 }
 
 juce::String DuoJudgeProcessor::getInstanceName() const

@@ -48,10 +48,11 @@ enum ParamId : int
 
 }   // namespace duoJudge
 
-/** The listening end of a comparison: source A is the block, 4096 samples late; source B is the audio of one pod.
+/** The plug-in on source A's track: delays it by 4096 samples, so that source B can be read from a pod beside it, and lets
+    one of them out.
 
-    `ToggleAB` says which of the two leaves, with a crossfade when it changes. In a blind test `ToggleXY` flips it under
-    labels, a release of `Choose` counts a vote for the source that plays, and the draw then sets it anew in silence. */
+    `ToggleAB` chooses, openly or not: in a test the listener turns it by `ToggleXY` without seeing where it stands. A
+    release of `Choose` votes for what plays; then a toss sets `ToggleAB` for the next round while a fade keeps silence. */
 class DuoJudgeProcessor : public OxJuceProcessorBase, public OxJucePodUser
 {
 public:
@@ -81,15 +82,10 @@ public:
         is told as it is. */
     juce::String getTextOfValue (int paramId, float value);
 
-    /** The level observers 0 to 3: channel 0 own and pod signal, channel 1 own and pod signal. */
+    /** @param index 0 to 3: twice the channel, and one more for the pod's signal */
     OxJuceObserverRmsMeter& getMeter (int index) noexcept { return meters[static_cast<std::size_t> (index)]; }
 
-    Relaxed<bool> nameChanged = false;   // a stored name was read; the editor clears it after showing the name
-
-    static juce::String getSettingsName() { return getProductNames().settings; }
-    static juce::String getShortName() { return getProductNames().brief; }
-    static juce::String getDisplayName() { return getProductNames().display; }
-    static juce::String getVersion() { return getProductNames().version; }
+    Relaxed<bool> nameChanged = false;   // a load brought a name that the window has not shown yet
 
     // juce::AudioProcessor
     const juce::String getName() const override { return "ORVEX DuoJudge"; }
@@ -164,7 +160,7 @@ private:
     VoteFade voteFade;
     std::unique_ptr<juce::AudioSampleBuffer> podBuffer;              // what the pod gave for the block [audio thread]
     std::atomic<baylink::PodId> selectedPodId { baylink::kNoPod };   // source B
-    Relaxed<bool> detectTimestamps = true;                           // what "Detect" means on this host
+    Relaxed<bool> detectTimestamps = true;                           // this host's positions can be trusted
     Relaxed<float> podGain = 1.0f;                                   // linear, from `SendGain`
     Relaxed<bool> voteFadeActive = false;     // raised by a vote, lowered at the fade's end [audio thread]
     bool wantedB = false;                     // `ToggleAB` at the last block [audio thread]

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The road of one block of audio.
+// What becomes of a block.
 #include "engine/ChannelRule.h"
 #include "engine/DuoJudgeProcessor.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The one link to the pod that is source B.
+// Finding, taking and losing the pod behind source B.
 #include "engine/DuoJudgeProcessor.h"
 
 using namespace duoJudge;
@@ -8,13 +8,7 @@ void DuoJudgeProcessor::timerTick()
 {
     refreshPodList (baylink::kSenderTypeKey);
 
-    const auto hasPod = [this]
-    {
-        const juce::ScopedLock lock (podLock);
-        return podIds.size() > 1;
-    };
-
-    if (selectedPodId != baylink::kNoPod || ! hasPod())
+    if (selectedPodId != baylink::kNoPod)
         return;
 
     const juce::ScopedLock lock (podLock);
@@ -34,16 +28,14 @@ void DuoJudgeProcessor::holdPod (baylink::PodId podId)
     if (manager == nullptr)
         return;
 
-    if (selectedPodId != baylink::kNoPod && podId != selectedPodId)
-    {
-        manager->unlink (id, selectedPodId);
-        selectedPodId = baylink::kNoPod;
-    }
+    // The tick and callbacks may meet here: one pod stays, and no link is left behind.
+    if (auto former = selectedPodId.load();
+        former != baylink::kNoPod && former != podId && selectedPodId.compare_exchange_strong (former, baylink::kNoPod))
+        manager->unlink (id, former);
 
     if (podId == baylink::kNoPod || podId == selectedPodId || ! manager->link (id, podId))
         return;
 
-    // The tick and a callback may link at the same time: one pod stays, and no link is left behind.
     if (auto none = baylink::kNoPod; ! selectedPodId.compare_exchange_strong (none, podId))
     {
         if (none != podId)
@@ -69,10 +61,8 @@ void DuoJudgeProcessor::onPodLinked (baylink::PodId ownId, baylink::PodId podId)
 
 void DuoJudgeProcessor::onPodRemoved (baylink::PodId podId)
 {
-    if (podId != selectedPodId || podId == baylink::kNoPod)
+    if (auto lost = podId; podId == baylink::kNoPod || ! selectedPodId.compare_exchange_strong (lost, baylink::kNoPod))
         return;
-
-    selectedPodId = baylink::kNoPod;
 
     // No lock of ours, whatever the manager's thread holds; and a pod that leaves is nothing that a user could undo.
     setParamDirect (ToggleAB, 0.0f, true);

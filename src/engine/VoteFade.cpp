@@ -19,7 +19,7 @@ void multiply (float* samples, const float* gains, int numSamples)
 
 void VoteFade::setSampleRate (int hertz)
 {
-    // 1 to 0 in 50 ms; an infinite step before a rate is known.
+    // A whole ramp takes 50 ms; an infinite step before a rate is known.
     stepOfRamps = -2000.0f / (static_cast<float> (hertz) * 100.0f);
     falling.clear();
     rising.clear();

@@ -5,7 +5,8 @@
 
 #include <juce_audio_basics/juce_audio_basics.h>
 
-/** The fade around a vote: 50 ms out, a turn in silence, 50 ms in [audio thread].
+/** Hides the turn that follows a vote: the output sinks to silence, where the caller turns, and rises again, in 50 ms each
+    [audio thread].
 
     The gain moves by one step a sample until it meets 0 or 1. Both ramps depend on the sample rate alone and are computed
     ahead, sample by sample, so that a block is one multiplication each channel. */
@@ -31,7 +32,7 @@ public:
 
 private:
     std::vector<float> falling, rising;   // gains of successive samples, from one bound until just before the other
-    float voteFadeStep = 0.0f;            // change of the gain per sample; 0 between fades
+    float voteFadeStep = 0.0f;            // added to the gain at each sample; 0 between fades
     int position = 0;                     // in the ramp that runs
     float stepOfRamps = 0.0f;             // of the falling ramp
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-/** How the votes of a blind test fell, with whole percentages that never add up to more than 100. */
+/** The result of a blind test. Where rounding would make more than 100 of the two percentages, B gets what A leaves. */
 struct VoteStatistics
 {
     VoteStatistics (int total, int forA, int forB) noexcept : votes (total), votesForA (forA), votesForB (forB)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-/** Marks everything that works with the channel layout: the processor, the editor and its controls, the observers. */
+/** Tags the classes for which it matters how many channels there are: processor, window, observers. */
 class OxJuceChannelUser
 {
 };

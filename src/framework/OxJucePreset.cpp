@@ -15,7 +15,6 @@ constexpr auto* kRootTag = "ORVEXAudioPreset";
 constexpr auto* kFileVersion = "FileVersion";
 constexpr auto* kParametersTag = "Parameters";
 constexpr auto* kSpecificTag = "SpecificData";
-constexpr float kNotInFile = -1.0f;
 constexpr int kNoVersion = -1;
 constexpr std::size_t kMaxFileSize = 4 << 20;   // bytes: a preset of 3000 parameters takes a tenth of that
 constexpr int kMaxProductAttributes = 8192;     // in the product's block

@@ -5,12 +5,11 @@
 
 class OxJuceProcessorBase;
 
-/** One preset file: names it, saves and loads it, and applies it to the processor [message thread, or the one that loads a
-    state].
+/** A preset on disk, and the way between it and the processor [message thread, or the one that loads a state].
 
-    A file holds the normal parameters and the product's own block as XML; the block is the text of one element, in whose
-    tags, not between them, all its data stand. What a file holds is not trusted. The object is a value, a large one: it
-    holds two full parameter sets. */
+    What is written are the normal parameters and the product's own block, as XML; the block is the text of one element, in
+    whose tags, not between them, all its data stand. What a file holds is not trusted. Copies are whole, and expensive: two
+    sets of `kMaxParams` records each. */
 class OxJucePreset
 {
 public:
@@ -65,7 +64,9 @@ public:
     /** @returns the version of the parameters' meaning in the file that was loaded, or -1 */
     int getFileVersion() const noexcept { return fileVersion; }
 
-    /** @returns what the file holds for a normal parameter, or -1 if it holds nothing. */
+    static constexpr float kNotInFile = -1.0f;
+
+    /** @returns what the file holds for a normal parameter, or `kNotInFile` */
     float getSavedValue (int id) const noexcept { return savedValues.params[static_cast<std::size_t> (id)].value; }
 
 private:

@@ -104,7 +104,7 @@ juce::StringArray OxJucePresetFolders::listPresetFolders() const
     if (names.isEmpty())
         createPresetFolder ("User");
 
-    names.sort (false);
+    names.sort (true);
 
     for (int index = 0; index < factoryFolders.size(); ++index)
     {
@@ -141,7 +141,7 @@ std::vector<OxJucePreset> OxJucePresetFolders::buildPresetList (const juce::Stri
 
     for (const auto& name : names)
     {
-        if (name == shown || (index < 0 && encodePresetName (name) == encoded))
+        if (name == shown || (index < 0 && encoded.isNotEmpty() && encodePresetName (name) == encoded))
             index = static_cast<int> (list.size());
 
         list.emplace_back (&processor, folder, name);

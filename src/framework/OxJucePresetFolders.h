@@ -42,7 +42,7 @@ public:
     OxJucePreset findNextPreset (const juce::String& folder, const juce::String& file) const;
     OxJucePreset findPreviousPreset (const juce::String& folder, const juce::String& file) const;
 
-    /** The first preset of the first folder; without one, a preset that names no file. */
+    /** The first preset of the first folder; if there is none, an object for no file. */
     OxJucePreset findFirstPreset() const;
 
     /** @param index receives the position of the default preset in the root, or -1 if another one is given */

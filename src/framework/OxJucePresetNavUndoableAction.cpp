@@ -44,7 +44,7 @@ bool OxJucePresetNavUndoableAction::goTo (int program, const juce::String& folde
         processor->setCurrentProgram (program);
 
         for (int id = 0; id < processor->getNumParameters(); ++id)
-            processor->parameter (id).changed = true;   // each shows another program now
+            processor->parameter (id).changed = true;   // the controls still show the program before
     }
 
     processor->sendAutomatableParams();

@@ -120,7 +120,7 @@ void OxJuceProcessorBase::processBlock (juce::AudioSampleBuffer& block, juce::Mi
     const auto sampleRate = getSampleRate();
     OxJuceProfilerItem::Scope profile (profilerItems[0], sampleRate > 0.0 ? numSamples / sampleRate * 1000.0 : 0.0);
 
-    // The lines run while nothing is bypassed too, so that a change to bypass finds them filled.
+    // The next block may be bypassed, and lets out what has come before it.
     syncDelayLinesIfNeeded();
 
     for (int channel = 0; channel < std::min (block.getNumChannels(), delayLines.size()); ++channel)

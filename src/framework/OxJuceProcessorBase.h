@@ -13,13 +13,13 @@
 #include <juce_audio_processors/juce_audio_processors.h>
 #include <juce_data_structures/juce_data_structures.h>
 
-/** The processor under every product of the family: parameters and the ways they change, the life between host and
-    product, transport, bypass delay, offline passes and the private command entry.
+/** What every product of the family stands on: parameters with their history, programs and presets, saved states, and all
+    dealings with a host that are the same whatever becomes of the audio.
 
-    Parameters live in three groups of plain records under one integer id: normal ones (0 and up: one set a program, seen by
-    the host), persistent ones (9000 and up: machine-wide) and transient ones (9100 and up: never saved). Any thread reads
-    and writes a record without a lock. The product gives keys, roles and the audio through its hooks, and names and texts as
-    the toolkit asks for them; the object is several megabytes large and belongs on the heap. */
+    The number of a parameter tells how long it lives: from 0 on in a program, which the session saves and the host sees;
+    from 9000 on with the machine; from 9100 on with the instance. Records have no lock: any thread may read and write them.
+    The product gives keys, roles and the audio through its hooks, and names and texts as the toolkit asks for them; the
+    object is several megabytes large and belongs on the heap. */
 class OxJuceProcessorBase : public juce::AudioProcessor,
                             public juce::Timer,
                             public juce::UndoManager,
@@ -28,7 +28,7 @@ class OxJuceProcessorBase : public juce::AudioProcessor,
                             protected CDelayFilter<float>
 {
 public:
-    /** Which processing the audio callback runs; the numbers are those of the private commands. */
+    /** What is done to a block; the private commands bear the same numbers. */
     enum ProcessMode : int
     {
         realTime = 100,
@@ -54,23 +54,23 @@ public:
 
     // Parameters: reading ---------------------------------------------------------------------------------------------
 
-    /** The record of any id [any thread, never fails]: an id outside every group gives one spare record. */
+    /** [any thread] Ids of no group share a record, so that a wrong one does no harm. */
     OxParamRecord& parameter (int id) noexcept;
 
     /** The whole number that a parameter holds in thousandths. */
     int getParamCode (int id) noexcept { return thousandths::toCode (parameter (id).value); }
 
-    /** Copies the values of the normal parameters, and nothing else, into `set` [message thread]. */
+    /** Takes a snapshot of the normal parameters' values; all else in `set` stays [message thread]. */
     void captureParamSet (OxParamSet& set);
 
     // Parameters: writing ---------------------------------------------------------------------------------------------
 
-    /** The one place that changes a record [any thread]. Clamps to 0 to 1, keeps machine-wide values in the settings,
-        runs the hooks, and tells the host of a visible normal parameter if `notifyHost` is set. */
+    /** Stores a value, clamped to 0 to 1, and sees to what follows from it [any thread]: a machine-wide one goes to the
+        settings, the hooks run, and with `notifyHost` the host hears of a parameter that it sees. */
     void setParamDirect (int id, float value, bool notifyHost);
 
-    /** The path of the GUI and of every command [any thread]: carries out command parameters, drops a write of the value
-        that stands, and makes an undo step where the product wants one. */
+    /** Writes as a user does [any thread]: an equal value is no write, a command parameter does its command instead, and
+        what the product lets a user undo goes into the history. */
     void setParamUndoable (int id, float value, bool notifyHost);
 
     /** Writes all normal parameters from `set` as the user would, and makes it the set that a reset returns to [any
@@ -87,12 +87,12 @@ public:
     /** Sends the values of all normal parameters that the host can see to the host [message thread]. */
     void sendAutomatableParams();
 
-    // Gestures: only the editor and `setParamUndoable` call these [any thread] ----------------------------------------
+    // Gestures: for the editor, and for what a user's write takes along [any thread] -----------------------------------
 
-    /** A user took hold of `id`, or `id` moves as a consequence while a user holds another one. */
+    /** `id` is in a user's hand, or follows one that is. */
     void beginGesture (int id);
 
-    /** A user let go of `id`. The last one let go also ends the gestures of those that followed. */
+    /** `id` is let go of. With none held any more, those that followed end too. */
     void endGesture (int id);
 
     // Undo ------------------------------------------------------------------------------------------------------------
@@ -108,8 +108,8 @@ public:
 
     // Offline passes --------------------------------------------------------------------------------------------------
 
-    /** Walks a buffer of any length in chunks of at most 1024 samples [the host's render thread]. Each chunk's position is
-        the number of samples since the pass was prepared; the timer's work runs before each chunk. */
+    /** Processes a clip of any length, no more than 1024 samples at a time [the host's render thread]. Positions count from
+        where the pass was prepared; in between the timer's work is done. */
     void renderOfflineInChunks (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi);
     void analyseOfflineInChunks (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi);
 
@@ -120,7 +120,7 @@ public:
     void loadXmlState (const void* data, int size);
 
     /** The state of a format whose hosts may hand over what an earlier version stored in its own way [any thread of the
-        host]: such bytes are kept, and saved again until the user agrees to lose them. */
+        host]: such bytes are kept, and saved again for as long as the user has not given them up. */
     void loadStream (const void* data, std::size_t size);
     void saveStream (juce::MemoryBlock& dest);
 
@@ -207,7 +207,7 @@ public:
     void getCurrentProgramStateInformation (juce::MemoryBlock& dest) override { getStateInformation (dest); }
     void setCurrentProgramStateInformation (const void* data, int size) override { setStateInformation (data, size); }
 
-    /** The larger of the input and the output channel count. */
+    /** Channels of the wider side, be it input or output. */
     virtual int getMaxNumChannels() const;
 
     void timerCallback() override;
@@ -225,7 +225,7 @@ public:
     virtual void toggleAlternate (float value);
     virtual void copyToAlternate (float value);
 
-    /** Keeps the normal parameters as what new instances on this machine begin with. */
+    /** Has new instances on this machine begin as this one stands. */
     virtual void saveAsDefault();
 
     /** @returns whether a stored default was found. */
@@ -274,21 +274,21 @@ public:
 
     // Shared with the editor and the adapters -------------------------------------------------------------------------
 
-    Relaxed<int> pendingParameterTextId = kNoParam;   // the last parameter that really changed; the editor resets it
-    Relaxed<bool> guiUpdatePending = true;            // only the editor's timer clears it
-    Relaxed<bool> pluginDisabled = false;             // the editor shows its blocking screen
-    Relaxed<juce::int64> blockStartSample = 0;        // timeline position of the block; kept while the host is stopped
-    Relaxed<juce::int64> offlineSamplePos = 0;        // samples since the start of an offline pass
+    Relaxed<int> pendingParameterTextId = kNoParam;   // whose text the window has yet to show
+    Relaxed<bool> guiUpdatePending = true;            // until a tick of the editor has seen to it
+    Relaxed<bool> pluginDisabled = false;             // the window is covered, and takes no click
+    Relaxed<juce::int64> blockStartSample = 0;        // where the block lies on the timeline; stands when the host does
+    Relaxed<juce::int64> offlineSamplePos = 0;        // how many samples a pass has come so far
     Relaxed<int> processMode = realTime;
-    std::atomic<int> deferredUpdateState { 1 };     // 0 nothing waits, 1 an update waits, 2 and one more after it
+    std::atomic<int> deferredUpdateState { 1 };     // 0: done, 1: due, 2: due, and asked for again since
     std::deque<OxJuceProfilerItem> profilerItems;   // audio block, timer, render, GUI update, then what a product adds
     Relaxed<bool> profilerEnabled = false;          // profiling is shown
     bool isVenueVersion = false;
     Relaxed<bool> isAudioSuite = false;   // the host has this instance for offline passes
 
-    Relaxed<bool> stateRestored = false;              // a host has handed over a state, of whatever kind
-    Relaxed<bool> paramMapVersionFound = false;       // the state loaded last had a map version
-    Relaxed<bool> loadedFromPrev = false;             // this session came from an earlier version's format
+    Relaxed<bool> stateRestored = false;              // bytes that bear the state's magic were loaded
+    Relaxed<bool> paramMapVersionFound = false;       // the state loaded last named one
+    Relaxed<bool> loadedFromPrev = false;             // the session is one of an earlier version
     Relaxed<bool> prevStateStored = false;            // `prevState` holds what that version stored
     std::atomic<bool> incompatibleWarned { false };   // the user was asked what becomes of it
 
@@ -296,7 +296,7 @@ public:
     static Relaxed<bool> logParameterChanges;
 
 protected:
-    // Setting up: only the product's constructor calls these, after it has set the group sizes. -----------------------
+    // For the product's constructor, once the groups have their sizes -------------------------------------------------
 
     void addNormalParam (const char* key, int id, float value);
     void addPersistentParam (const char* key, int id, float value);
@@ -361,7 +361,7 @@ private:
     std::array<OxParamSet, kMaxPrograms> programs;
     OxParamSet transientParams, persistentParams;
     OxParamSet resetParams;       // what a reset returns to: the set applied last
-    OxParamSet alternateParams;   // the side of the A/B compare that is not live [message thread]
+    OxParamSet alternateParams;   // what a swap of the A/B compare brings back [message thread]
     OxParamRecord invalidParam;
     const int numPrograms = kMaxPrograms;
     int numFactoryPrograms = 0, numUserPrograms = 0;

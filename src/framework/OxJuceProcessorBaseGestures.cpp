@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Gestures: what a user holds, and what moves along with it, as a host that records automation sees it.
+// Gestures: the begins and ends between which hosts record, also for what follows a parameter that is held.
 #include "framework/OxJuceProcessorBase.h"
 
 void OxJuceProcessorBase::beginGesture (int id)
@@ -40,8 +40,6 @@ void OxJuceProcessorBase::endGesture (int id)
 
         if (! gestureParams.isEmpty())
             return;
-
-        gestureParams.clear();
     }
 
     juce::Array<int> followers;

@@ -8,12 +8,8 @@ namespace
 constexpr int kOfflineChunk = 1024;   // samples
 constexpr juce::int32 kVendorMagic = 0x5a3c17e6;
 
-enum Command : juce::int32
+enum Command : juce::int32   // beside those that name a `ProcessMode`
 {
-    cmdStartAnalysis = 101,
-    cmdStartRender = 102,
-    cmdFinishAnalysis = 103,
-    cmdFinishRender = 104,
     cmdAnswerFalse = 105,
     cmdPointer = 201,
     cmdIsMenuOpen = 202,
@@ -63,7 +59,7 @@ void OxJuceProcessorBase::processInChunks (juce::AudioSampleBuffer& block, Proce
         const auto length = std::min (kOfflineChunk, block.getNumSamples() - start);
         juce::AudioSampleBuffer chunk (block.getArrayOfWritePointers(), block.getNumChannels(), start, length);
         blockStartSample = offlineSamplePos;
-        timerCallback();   // the message loop may not run during a render
+        timerCallback();   // by hand: a host may hold up the events until its render is done
         runPendingTimers();
         process (chunk);
         offlineSamplePos += length;
@@ -93,19 +89,19 @@ juce::int64 OxJuceProcessorBase::handleVendorCommand (juce::int32 magic, juce::i
 
     switch (opcode)
     {
-        case cmdStartAnalysis:
+        case offlineAnalysis:
             processMode = opcode;
             prepareOfflineAnalysis();
             return 0;
-        case cmdStartRender:
+        case offlineRender:
             processMode = opcode;
             prepareOfflineRender();
             return 0;
-        case cmdFinishAnalysis:
+        case analysisFinished:
             processMode = opcode;
             finishOfflineAnalysis();
             return 0;
-        case cmdFinishRender:
+        case renderFinished:
             processMode = opcode;
             finishOfflineRender();
             return 0;

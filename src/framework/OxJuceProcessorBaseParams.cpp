@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The parameter store: groups, records, and the ways a value changes.
+// The parameter store: where records lie, and what a write of one entails.
 #include "framework/OxJuceProcessorBase.h"
 
 #include "framework/OxJuceUndoableAction.h"
@@ -184,7 +184,8 @@ void OxJuceProcessorBase::setParamUndoable (int id, float value, bool notifyHost
 
     const float old = parameter (id).value;
 
-    if (! (value > old + undoThreshold || value < old - undoThreshold))
+    // What is not a number, as a damaged state may have left it, gives way to any number.
+    if (! (value > old + undoThreshold || value < old - undoThreshold || std::isnan (old)))
         return;
 
     if (isParamUndoable (id))

@@ -13,7 +13,6 @@ constexpr auto* kDefaultFileKey = "OJDEFAULT_PRESET_FILE";
 constexpr float kNoDefault = -100000000.0f;
 
 constexpr double kModifiedFrom = 0.000001;   // a smaller difference is none
-constexpr float kNotInFile = -1.0f;
 
 }   // namespace
 
@@ -83,7 +82,7 @@ bool OxJuceProcessorBase::isPresetModified()
     {
         const auto saved = presetState.getSavedValue (id);
 
-        if (saved > kNotInFile && ! isParamExcludedFromPresets (id) && isParamCompared (id) &&
+        if (saved > OxJucePreset::kNotInFile && ! isParamExcludedFromPresets (id) && isParamCompared (id) &&
             std::abs (static_cast<double> (parameter (id).value) - saved) > kModifiedFrom)
             return true;
     }

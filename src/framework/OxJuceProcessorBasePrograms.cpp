@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Programs: one full set of normal parameters each.
+// Programs: how they are filled, chosen and named.
 #include "framework/OxJuceProcessorBase.h"
 
 namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Channel routing codes: which speaker each channel of a surround bus is.
+// Channel routing codes: on which channel of a surround bus to find each speaker.
 #include "framework/OxJuceProcessorBase.h"
 
 namespace

@@ -196,8 +196,8 @@ void OxJuceProcessorBase::warnIncompatibleState()
     if (incompatibleWarned.exchange (true))
         return;
 
-    // Until the user agrees to lose them the old bytes stay, be the box still open or, with no screen and nobody to press
-    // a button, never shown. The answer may come when this processor is gone, so it lives on its own.
+    // An answer that is missing counts as no: the box may still be open or, with no screen and nobody to press a button,
+    // never come up. The answer may come when this processor is gone, so it lives on its own.
     *overwriteOnSave = false;
     const juce::String name = getProductNames().display;
     showBox (name + " Warning Info",

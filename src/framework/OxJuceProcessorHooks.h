@@ -15,16 +15,16 @@ class OxJuceProcessorHooks
 public:
     virtual ~OxJuceProcessorHooks() = default;
 
-    /** Called by the product's constructor and destructor. */
+    /** For the product's constructor and destructor to call: from those of a base no override would be reached. */
     virtual void initialiseProduct() {}
     virtual void shutdownProduct() {}
 
     // Parameters [any thread] -----------------------------------------------------------------------------------------
 
-    /** @returns whether an adapter publishes the parameter to the host. */
+    /** @returns whether hosts get to see the parameter. */
     virtual bool isParameterHostVisible (int) const { return true; }
 
-    /** The stable text key of a parameter, in saved XML and in the settings. */
+    /** Names a parameter in states and settings, which outlive a version: no version may change it. */
     virtual juce::String getParamKey (int id) = 0;
     virtual int getParamIdForKey (const juce::String& key) = 0;
 
@@ -36,7 +36,7 @@ public:
     /** @returns whether a change of the parameter makes the preset a modified one. */
     virtual bool isParamCompared (int) { return true; }
 
-    /** Called after every write of every group, on the thread that wrote. */
+    /** A parameter of any group was written [the writer's thread]. */
     virtual void parameterChanged (int id) = 0;
 
     /** The versions of the meaning of the normal and of the persistent parameters, and a step of conversion from an older
@@ -65,7 +65,7 @@ public:
         @returns false to be called again at the next tick */
     virtual bool updateFromParams() { return true; }
 
-    /** Runs every 50 ms on the message thread, and for every chunk of an offline pass. */
+    /** The product's share of the timer's work: at 50 ms [message thread], or chunk by chunk [an offline pass's]. */
     virtual void timerTick() {}
 
     // Saved state and presets [the thread that saves or loads] ----------------------------------------------------------

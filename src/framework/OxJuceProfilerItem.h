@@ -7,7 +7,7 @@
 
 /** Running averages of how long one of the main loops takes.
 
-    One thread measures, the render thread reads along. While `enabled` is false a measurement costs one test. */
+    One thread measures, the message thread reads along. While `enabled` is false a measurement costs one test. */
 class OxJuceProfilerItem
 {
 public:
@@ -27,7 +27,7 @@ public:
                 highest share of it in percent; then the rate of the calls, if it is to be shown [any thread] */
     juce::String getReport() const;
 
-    /** Measures the scope it stands in, on every way out of it, if the item is enabled when it begins. */
+    /** Measures until the scope is left, in whatever way, if the item is enabled when it begins. */
     class Scope
     {
     public:
@@ -53,7 +53,7 @@ public:
 
     Relaxed<bool> enabled = false;
     bool showFrequency = false;
-    float smoothing = 0.99f;   // weight of the old value in the averages
+    float smoothing = 0.99f;   // how much of itself an average keeps at each measurement
     juce::String name;
     Relaxed<double> startTime = 0.0, lastStartTime = 0.0;   // milliseconds; 0 while nothing is measured
     Relaxed<double> averageDuration = 0.0, averageInterval = 0.0, maxDuration = 0.0;   // milliseconds

@@ -7,25 +7,25 @@
 
 #include <juce_core/juce_core.h>
 
-constexpr int kMaxParams = 3000;          // capacity of one parameter set
-constexpr int kMaxPrograms = 46;          // capacity of the program array
-constexpr int kPersistentIdBase = 9000;   // first id of the machine-wide group
-constexpr int kTransientIdBase = 9100;    // first id of the group that is never saved
-constexpr int kNoParam = 9999;            // the id that stands for no parameter at all
+constexpr int kMaxParams = 3000;          // records in a set
+constexpr int kMaxPrograms = 46;          // sets that an instance has room for
+constexpr int kPersistentIdBase = 9000;   // from here on: kept by the machine
+constexpr int kTransientIdBase = 9100;    // from here on: kept by nobody
+constexpr int kNoParam = 9999;            // in no group
 
 constexpr float kNeverWritten = -1.0f;   // as previous value
 
-/** One parameter's storage. Any thread reads and writes it without a lock; what it reads may be one tick old. */
+/** A parameter in store: single words that any thread may read and write, and that may be a tick behind each other. */
 struct OxParamRecord
 {
     Relaxed<float> value = 0.0f;                    // normalised, 0 to 1
-    Relaxed<float> defaultValue = 0.0f;             // what the parameter was added with
+    Relaxed<float> defaultValue = 0.0f;             // as the product gave it
     Relaxed<float> previousValue = kNeverWritten;   // before the last write
     Relaxed<bool> changed = true;                   // since the editor cleared the flags
-    Relaxed<bool> editedByGui = false;              // a gesture on a bound control is under way
+    Relaxed<bool> editedByGui = false;              // held by the user, in the window
 };
 
-/** A named set of parameters; copying it copies the name and all records. */
+/** The records of a group; for a program, under its name. */
 struct OxParamSet
 {
     juce::String name;

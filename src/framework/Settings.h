@@ -33,9 +33,9 @@ juce::String readMakerSetting (const juce::String& name);
 bool writeSettingFloat (const juce::String& name, float value);
 bool writeSettingText (const juce::String& name, const juce::String& text);
 
-/** Deletes a value for the user, then for the machine; one that does not exist counts as deleted.
-    @returns 1 on success; 0 for an empty path; -1 and -2 if the user's key cannot be opened or the value not deleted, -3 and
-             -4 the same for the machine's; -5 and -6 after an exception */
+/** Deletes a value for the user, then for the machine; what is not there needs no deleting.
+    @returns 1, or what went wrong: 0 an empty path; -1 opening the user's key, -2 deleting there; -3 and -4 these two at
+             the machine's; -5 and -6 an exception */
 int deleteSetting (const juce::String& subPath, const juce::String& name);
 
 /** The path of a file or folder among the product's installed files; it begins with the backslash if none are installed. */

@@ -8,12 +8,12 @@
 struct GridTrack
 {
     bool fixed = false;     // size is pixels; else it is a weight among the relative tracks
-    int size = 100;         // pixels or weight; a relative track of weight 0 counts as fixed
+    int size = 100;         // pixels or weight; with weight 0 a track is one of 0 pixels
     int resolved = -1;      // pixels, what the last solve gave
     int minimum = -1;       // pixels, of relative tracks; below 1 for none
     int maximum = -1;       // pixels, of relative tracks; below 1 for none
     int alignment = 0;      // of the track's cells that have none of their own; 0 for none
-    bool hidden = false;    // resolves to 0 and takes no gap
+    bool hidden = false;    // has neither size nor gap
     bool settled = false;   // the solver's mark
 };
 

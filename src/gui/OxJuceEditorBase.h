@@ -75,7 +75,7 @@ public:
 
     // Updates ---------------------------------------------------------------------------------------------------------
 
-    /** Brings the screen up to date with the processor; skipped while the surface is being torn down. */
+    /** Shows what the processor has come to since the last time; does nothing once the teardown has begun. */
     virtual void updateGui();
     virtual void syncControlsFromParameters();
 

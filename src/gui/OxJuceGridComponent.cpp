@@ -74,7 +74,7 @@ bool OxJuceGridComponent::setCellComponent (int column, int row, juce::Component
 
     takeFromGrid (component);
 
-    if (component != nullptr && cellAt (column, row).main.component == component)
+    if (component != nullptr && cellAt (column, row).main == component)
         return true;
 
     releaseMain (cellAt (column, row).main);
@@ -82,7 +82,7 @@ bool OxJuceGridComponent::setCellComponent (int column, int row, juce::Component
     if (component == nullptr)
         return true;
 
-    cellAt (column, row).main.component = component;
+    cellAt (column, row).main = component;
     addAndMakeVisible (component);
     changed();
     return true;
@@ -90,7 +90,7 @@ bool OxJuceGridComponent::setCellComponent (int column, int row, juce::Component
 
 juce::Component* OxJuceGridComponent::getCellComponent (int column, int row) const
 {
-    return hasCell (column, row) ? cellAt (column, row).main.component.getComponent() : nullptr;
+    return hasCell (column, row) ? cellAt (column, row).main.getComponent() : nullptr;
 }
 
 bool OxJuceGridComponent::setCellExtraComponent (int column, int row, juce::Component* component, bool owned,
@@ -100,7 +100,7 @@ bool OxJuceGridComponent::setCellExtraComponent (int column, int row, juce::Comp
         return false;
 
     auto& cell = cellAt (column, row);
-    const auto isOther = cell.extra.component != component;
+    const auto isOther = cell.extra != component;
 
     if (isOther)
         releaseExtra (cell);
@@ -112,7 +112,7 @@ bool OxJuceGridComponent::setCellExtraComponent (int column, int row, juce::Comp
 
     takeFromParent (component);
     component->setVisible (visible);
-    cell.extra.component = component;
+    cell.extra = component;
 
     if (isOther)
         changed();
@@ -234,7 +234,7 @@ void OxJuceGridComponent::takeFromGrid (juce::Component* component)
     {
         for (int column = 0; column < grid->getNumColumns(); ++column)
         {
-            if (grid->cellAt (column, row).main.component != component)
+            if (grid->cellAt (column, row).main != component)
                 continue;
 
             const juce::ScopedValueSetter<bool> moving (grid->ownsComponents, false);
@@ -258,9 +258,9 @@ void OxJuceGridComponent::empty (Cell& cell)
     releaseExtra (cell);
 }
 
-void OxJuceGridComponent::releaseMain (Placed& main)
+void OxJuceGridComponent::releaseMain (ComponentPointer& main)
 {
-    auto* const component = std::exchange (main, {}).component.getComponent();
+    auto* const component = std::exchange (main, {}).getComponent();
     removeChildComponent (component);
 
     if (ownsComponents)
@@ -269,7 +269,7 @@ void OxJuceGridComponent::releaseMain (Placed& main)
 
 void OxJuceGridComponent::releaseExtra (Cell& cell)
 {
-    auto* const component = std::exchange (cell.extra, {}).component.getComponent();
+    auto* const component = std::exchange (cell.extra, {}).getComponent();
 
     if (std::exchange (cell.extraOwned, false))
         delete component;

@@ -5,11 +5,11 @@
 
 #include <juce_gui_basics/juce_gui_basics.h>
 
-/** Lays components out in rows and columns of fixed or relative size [message thread].
+/** All layout of the window: a table whose tracks have their own pixels, or a share of what is left [message thread].
 
     Each cell holds a main component, which becomes a child, and an extra one, which is laid out there too but is no child:
-    no mouse reaches it, and it is left to a subclass to draw it. Grids nest. A grid is built empty and lays out only when
-    told; with `setAutoLayout` on it does so at once after each change.
+    no mouse reaches it, and it is left to a subclass to draw it. Grids may hold grids. A grid is built empty, and waits to
+    be told before it lays out, unless `setAutoLayout` has it follow each change.
 
     All operations name the column first. A column or a row that is not there gives false, null or an empty rectangle and
     changes nothing; a setting that is as it was lays nothing out. A component that is deleted elsewhere leaves its cell
@@ -17,14 +17,6 @@
 class OxJuceGridComponent : public virtual juce::Component, private juce::ComponentListener
 {
 public:
-    /** Which coordinates a move runs through; the others jump. */
-    enum MoveAxes : int
-    {
-        horizontal = 0,
-        vertical = 1,
-        both = 2
-    };
-
     OxJuceGridComponent();
 
     /** Lets go of all components, and deletes those it owns. */
@@ -93,11 +85,6 @@ public:
     /** Whether main components are deleted when they are replaced; they are not when they move to another cell. */
     void setOwnsComponents (bool owns) noexcept { ownsComponents = owns; }
 
-    /** Lets the components of moving cells glide to new bounds.
-        @param speed  0 slow, 1 faster, any other at once */
-    void setAnimation (bool on, MoveAxes axes, int speed);
-    bool setCellMoving (int column, int row, bool moves);
-
     /** Resizes the background and places all components, if anything changed since the last time. */
     void layOut();
 
@@ -111,29 +98,16 @@ protected:
     using Tracks = std::vector<GridTrack>;
     using ComponentPointer = juce::Component::SafePointer<juce::Component>;
 
-    /** A component in its place, and its move if it is on its way [under `moveLock`]. */
-    struct Placed
-    {
-        ComponentPointer component;
-        juce::Rectangle<float> currentRect;
-        juce::Rectangle<int> targetRect;
-        bool onTheWay = false;
-    };
-
     struct Cell
     {
         int alignment = 0;
-        Placed main, extra;
+        ComponentPointer main, extra;
         bool extraOwned = false;
         int columnSpan = 1, rowSpan = 1;
         juce::Rectangle<int> cellRect;
-        bool moving = false;
     };
 
     void componentMovedOrResized (juce::Component& component, bool wasMoved, bool wasResized) override;
-
-    /** One step of all moves [render thread, while no cell changes]. The bounds reach the components as messages. */
-    void advanceMoves();
 
     std::vector<std::vector<Cell>> cells;   // by row
     ComponentPointer backgroundComponent;
@@ -159,22 +133,16 @@ private:
     Cell& cellAt (int column, int row);
     const Cell& cellAt (int column, int row) const;
     void empty (Cell& cell);
-    void releaseMain (Placed& main);
+    void releaseMain (ComponentPointer& main);
     void releaseExtra (Cell& cell);
     void releaseBackground();
 
     void computeCellRects();
-    void place (int column, int row, Placed Cell::*which);
-    void startMove (Placed& placed, juce::Rectangle<int> present, juce::Rectangle<int> bounds);
-    void advance (Placed& placed) const;
+    void place (int column, int row, ComponentPointer Cell::*which);
 
     Tracks rowTracks, columnTracks;
     int defaultAlignment = 10, rowMode = GridSolver::stretch, columnMode = GridSolver::stretch;
     int columnGap = 0, rowGap = 0;              // pixels
     int layoutOffsetX = 0, layoutOffsetY = 0;   // pixels, of the first tracks
     bool ownsComponents = false, backgroundOwned = false, dirty = false, autoLayout = false;
-
-    juce::CriticalSection moveLock;   // the innermost; taken only by moves
-    bool animated = false, animating = false;
-    int moveAxes = both, moveSpeed = 0;
 };

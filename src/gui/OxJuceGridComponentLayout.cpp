@@ -85,24 +85,18 @@ void OxJuceGridComponent::computeCellRects()
     }
 }
 
-void OxJuceGridComponent::place (int column, int row, Placed Cell::*which)
+void OxJuceGridComponent::place (int column, int row, ComponentPointer Cell::*which)
 {
     if (! hasCell (column, row))
         return;
 
     auto& cell = cellAt (column, row);
-    auto& placed = cell.*which;
-    auto* const component = placed.component.getComponent();
+    auto* const component = (cell.*which).getComponent();
 
     if (component == nullptr)
         return;
 
     const auto alignment = firstAlignment ({ cell.alignment, columnTracks[static_cast<std::size_t> (column)].alignment,
                                              rowTracks[static_cast<std::size_t> (row)].alignment, defaultAlignment });
-    const auto bounds = alignInCell (alignment, cell.cellRect, { component->getWidth(), component->getHeight() });
-
-    if (animated && cell.moving)
-        startMove (placed, component->getBounds(), bounds);
-    else
-        component->setBounds (bounds);
+    component->setBounds (alignInCell (alignment, cell.cellRect, { component->getWidth(), component->getHeight() }));
 }

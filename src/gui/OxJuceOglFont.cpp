@@ -36,7 +36,7 @@ void OxJuceOglFont::draw (juce::Rectangle<int> box, const juce::String& text, Te
 {
     auto* const target = surface.get();
 
-    if (metrics == nullptr || target == nullptr)
+    if (metrics == nullptr || target == nullptr || text.isEmpty())
         return;
 
     const GlStateCache::ScopedPending kept (target->glState);

@@ -17,7 +17,7 @@ enum class TextJustification : int
 class OxJuceOglFont : public OxOglComponentUser
 {
 public:
-    /** @param resourceName of the sheet [message thread]; an unknown one leaves a font that draws nothing and measures 0 */
+    /** @param resourceName of the sheet [message thread]; an unknown one leaves a font without glyphs or size */
     void load (const juce::String& resourceName, OxJuceEditorBase* newEditor);
 
     /** The width of a text in pixels, without allocating [any thread]. */

@@ -66,7 +66,7 @@ void OxJuceOglFontUser::drawLocked (juce::Rectangle<int> box, const juce::String
 {
     auto* const inUse = resolveFont();
 
-    if (inUse == nullptr || surface == nullptr || text.isEmpty())
+    if (inUse == nullptr || surface == nullptr)
         return;
 
     surface.get()->glState.pending.colour = colour;

@@ -3,15 +3,15 @@
 
 #include "gui/OxJuceOglFont.h"
 
-/** Mix-in of every control that shows text: its font, colour and the place of the text in its box. The message thread sets,
-    the render thread draws; a lock is held for the whole of either. */
+/** Text on a control: in which font and colour, and where in its box. The message thread may change it while the render
+    thread draws it, so each call holds a lock to its end. */
 class OxJuceOglFontUser : public virtual OxOglComponentUser
 {
 public:
     void setTextColour (juce::Colour colour);
     juce::Colour getTextColour() const;
 
-    /** @param fontToUse not owned; null for the surface's 14-point font */
+    /** @param fontToUse not owned; null: the surface's, of 14 points */
     void setFont (OxJuceOglFont* fontToUse);
 
     /** The font in use, null without a surface. */
@@ -32,7 +32,7 @@ private:
     void drawLocked (juce::Rectangle<int> box, const juce::String& text, juce::Colour colour);
 
     juce::Colour textColour = juce::Colours::white;
-    OxJuceOglFont* chosenFont = nullptr;   // null for the surface's 14-point font
+    OxJuceOglFont* chosenFont = nullptr;   // null: that of 14 points
     juce::CriticalSection fontLock;        // guards everything here
     TextJustification justification = TextJustification::centre;
     juce::String widthReference;

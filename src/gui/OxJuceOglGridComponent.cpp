@@ -90,14 +90,12 @@ void OxJuceOglGridComponent::draw (int elapsedMs)
     if (surface.get() == nullptr)
         return;
 
-    advanceMoves();
-
     if (auto* const background = backgroundComponent.getComponent())
         drawBehind (*background, true, elapsedMs);
 
     for (const auto& row : cells)
         for (const auto& cell : row)
-            if (auto* const extra = cell.extra.component.getComponent())
+            if (auto* const extra = cell.extra.getComponent())
                 drawBehind (*extra, false, elapsedMs);
 }
 

@@ -5,10 +5,10 @@
 #include "gui/OxDrawnState.h"
 #include "gui/OxOglComponentUser.h"
 
-/** Base of every visible element: a component for layout and events that draws itself through OpenGL.
+/** Whatever there is to see in the window: to the toolkit a component, which the render thread has draw itself.
 
-    An element draws in its own pixels, then its children in their order, each above the one before. Nothing is clipped: a
-    child may draw outside its parent. */
+    Coordinates begin at the element's own corner. Its children come after it, the last on top, and nothing cuts them off at
+    its edges. */
 class OxOglChildComponent : public virtual OxOglComponentUser, public virtual juce::Component
 {
 public:

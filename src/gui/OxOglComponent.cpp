@@ -163,15 +163,15 @@ void OxOglComponent::setupViewport()
 
     if (! bounds.isEmpty())
     {
-        const auto size = bounds.toFloat();
+        const auto area = bounds.toFloat();
         // clang-format off
-        const GLfloat toClipSpace[] { 2.0f / size.getWidth(),  0.0f, 0.0f, 0.0f,
-                                      0.0f, -2.0f / size.getHeight(), 0.0f, 0.0f,
+        const GLfloat toClipSpace[] { 2.0f / area.getWidth(),  0.0f, 0.0f, 0.0f,
+                                      0.0f, -2.0f / area.getHeight(), 0.0f, 0.0f,
                                       0.0f,  0.0f, 1.0f, 0.0f,
                                      -1.0f,  1.0f, 0.0f, 1.0f };
         // clang-format on
         glLoadMatrixf (toClipSpace);
-        glTranslatef (-size.getX(), -size.getY(), 0.0f);
+        glTranslatef (-area.getX(), -area.getY(), 0.0f);
     }
 
     glMatrixMode (GL_MODELVIEW);

@@ -12,11 +12,11 @@
 
 #include <array>
 
-/** The surface that fills an editor, and on which all of it is drawn by fixed-function OpenGL.
+/** An editor from edge to edge, as fixed-function OpenGL draws it.
 
-    Its children are plain components for layout, mouse and keyboard; their pixels come from `OxOglChildComponent` alone. The
-    context's render thread runs freely and makes at most about 66 frames a second. Each editor has its own context,
-    textures and fonts. Errors of OpenGL are ignored; without a context nothing is shown. */
+    The toolkit lays the children out and brings them mouse and keys, but paints none: what is to be seen is an
+    `OxOglChildComponent`. Frames come at their own pace, some 66 a second at best. Nothing of OpenGL is common to two
+    editors. What OpenGL complains of is ignored, and where it gives no context the window stays empty. */
 class OxOglComponent : public juce::Component, public OxOglComponentUser, public juce::OpenGLRenderer
 {
 public:
@@ -26,8 +26,8 @@ public:
     /** Lets frames be drawn, from now on for ever [message thread, when the editor is built]. */
     void enableRendering();
 
-    /** Waits for the frame in progress and ends the drawing [message thread]. The most derived editor does it first thing in
-        its destructor, before anything that is drawn goes. */
+    /** On return no frame is under way, and none will come [message thread]. Only then may go what is drawn, so an editor's
+        outermost destructor begins with it. */
     virtual void stopRenderThread();
 
     /** Has the context set up anew before the next frame, as after a resize [message thread]. */
@@ -72,7 +72,7 @@ public:
     void openGLContextClosing() override;
 
 protected:
-    /** Origin top left, y downward, one unit a pixel. */
+    /** Has OpenGL count as the toolkit does: in pixels, to the right and down. */
     virtual void setupViewport();
     virtual void drawBackground (int elapsedMs);
 
@@ -90,7 +90,7 @@ private:
     double turnStart = 0.0;                  // milliseconds of the high-resolution counter [render thread]
     juce::WaitableEvent turnsEnd { true };   // nobody waits for the next turn any more
     juce::CriticalSection textureLock;
-    std::vector<OxOglComponentTexture*> textureList;   // those that hold a GL texture, each once
+    std::vector<OxOglComponentTexture*> textureList;   // to be told when the context goes, each once
     std::array<OxJuceOglFont, kFontSizes.size()> fonts;
     platform::GlWindow glWindow;                 // [render thread]
     std::atomic<bool> viewportDirty { false };   // in order with the size that the resize has written

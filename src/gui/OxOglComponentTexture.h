@@ -5,9 +5,8 @@
 
 #include <juce_opengl/juce_opengl.h>
 
-/** One image, and the GL texture made from it once it is drawn.
-
-    The image stays decoded, so that a new context can have its texture. The GL object lives until its context closes. */
+/** An image to draw with. Its first use gives OpenGL a copy, which goes with the context; the image stays decoded, for a
+    copy in the next one. */
 class OxOglComponentTexture : public OxOglComponentUser
 {
 public:
@@ -29,7 +28,7 @@ public:
     /** Draws the whole image over `area`, which the caller has bound [render thread]. */
     void drawQuad (juce::Rectangle<float> area);
 
-    /** @returns false where the context is not current on this thread, or there is nothing to delete [any thread]. */
+    /** @returns false, having done nothing, off the context's thread or without a GL texture [any thread]. */
     bool deleteTexture();
 
     /** The next `bind` makes the texture anew [any thread]. */
@@ -54,7 +53,7 @@ private:
     void create (const juce::Image& source, OxOglComponent& target);
 
     float pixelWidth = 0.0f, pixelHeight = 0.0f;
-    float maxU = 1.0f, maxV = 1.0f;   // texture coordinates of the image's far edges
+    float maxU = 1.0f, maxV = 1.0f;   // where the image ends in the texture
     juce::Image image;
     juce::CriticalSection imageLock;   // guards `image` alone, and is held for a copy
     Relaxed<juce::uint32> textureId = 0;

@@ -11,8 +11,8 @@
 class OxJuceEditorBase;
 class OxOglComponent;
 
-/** Base of everything that draws: textures, fonts, elements, the surface itself. It knows its editor and the editor's
-    surface; without them drawing does nothing. Coordinates are whole pixels of the drawer, origin top left. */
+/** What it takes to draw: an editor, its surface and the primitives. Elements have it from here, and so have fonts, textures
+    and the surface. With no surface nothing is drawn. Coordinates are whole pixels of the drawer, origin top left. */
 class OxOglComponentUser : public OxJuceChannelUser
 {
 public:

@@ -5,8 +5,8 @@
 
 /** Reads one code point, and moves `text` behind it; 0 at the end of the text.
 
-    Bytes of any kind are let come: a code that breaks off is what has come of it, one that comes to 0 is 1, which no font
-    has, and the terminating 0 is never passed.
+    Bytes of any kind are let come: a code that breaks off is what has come of it, one that comes to 0 ends the text, and the
+    terminating 0 is never passed.
     @param text terminated by a 0 */
 inline int readUtf8 (const char*& text) noexcept
 {
@@ -34,5 +34,5 @@ inline int readUtf8 (const char*& text) noexcept
             value = (value << 6) | (next & 0x3f);
     }
 
-    return value != 0 ? value : 1;
+    return value;
 }

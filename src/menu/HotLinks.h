@@ -5,8 +5,7 @@
 
 class OxJuceProcessorBase;
 
-/** Addresses on the maker's server, each made of a short key and the facts of this installation: the plug-in's only way
-    out. */
+/** The plug-in's only way out: addresses on the maker's server, which say by a key what is wanted, and who is asking. */
 namespace hotLinks
 {
 

@@ -5,10 +5,10 @@
 #include "controls/OxJuceSelectorControl.h"
 #include "menu/OxJuceMenuScreen.h"
 
-/** The menu within the window: a panel above everything else that shows one screen at a time.
+/** The menu, which opens inside the window and has its screens one after the other.
 
-    A screen fills the panel from top to bottom with the building blocks below: each stands at `cursorY` and moves it on.
-    They take their controls from a fixed pool, so that no screen change destroys what a frame may be drawing. Centred means
+    A screen is written downward with the building blocks below: each stands at `cursorY` and moves it on. Their controls
+    are made once and lent, so that no change of the screen destroys what a frame may be drawing. Centred means
     in the middle of the editor. All on the message thread; while an editor lives, so does its menu. */
 class OxJuceMenu : public OxJuceControl::Listener
 {
@@ -73,7 +73,7 @@ public:
 
     int getCentreX() const;
 
-    int cursorY = 0;   // where the next element goes, in the editor
+    int cursorY = 0;   // the next block's upper edge, in the editor
 
     /** Of lines and option rows, pixels; an editor that is narrower has its own width. A screen sets it at the start. */
     static inline int columnWidth = kDefaultColumnWidth;

@@ -3,8 +3,8 @@
 
 #include "menu/OxJuceMenuScreen.h"
 
-// The screens that others lead to from afar; the rest stand beside those that lead to them. Each has a way back to the main
-// menu, which has one out of the menu.
+// The screens that others lead to from afar; the rest stand beside those that lead to them. From each an item leads to
+// the main menu, and from there one out.
 
 struct OxJuceMenuScreenMainMenu : OxJuceMenuScreen
 {

@@ -9,7 +9,7 @@ namespace
 constexpr float kBeyondAnyLevel = 150.0f;   // dB
 constexpr float kZoneTolerance = 1.0e-5f;   // dB
 constexpr float kFinestStep = 0.01f;        // dB: a smaller segment would only cost time
-constexpr float kHoldMargin = 10.0f;        // dB below the bar, where a marker is out of sight
+constexpr float kHoldMargin = 10.0f;        // dB that a marker may sink below the bar
 constexpr float kBelowTop = 0.0001f;        // dB: keeps a marker in the topmost segment
 constexpr juce::int64 kBlinkPeriod = 500;   // milliseconds, half of them white
 constexpr juce::uint8 kMarkerAlpha = 255;

@@ -7,11 +7,11 @@
 
 #include <array>
 
-/** A bar of small segments that reads one observer on every frame, with a marker at its peak. All segments are always
-    drawn: dim above the level, brighter below it, the markers in full.
+/** An observer's level, frame by frame, as a row of small segments that light up to it, and a marker that stays at the peak.
+    Those that are not lit are dim, not absent; nothing is brighter than a marker.
 
-    It has no value and no parameter, and is drawn at full strength whatever its state. Words may be set at any time; zones
-    and holds are set before rendering runs. Levels, holds and geometry belong to the render thread. */
+    A control in name alone: it stands for no parameter, and no lock or disablement fades it. Words may be set at any
+    time; zones and holds are set before rendering runs. Levels, holds and geometry belong to the render thread. */
 class OxJuceDynamicDisplayLevelMeter : public OxJuceControl, public OxJuceDynamicDisplay
 {
 public:
@@ -60,9 +60,8 @@ public:
     void mouseDown (const juce::MouseEvent& event) override;
 
     Relaxed<bool> showHold = true, showFastHold = false;
-    Relaxed<juce::uint8> marginMode =
-        juce::uint8 { 0 };                     // 1: a hold stays on the bar; else it falls up to 10 dB below it
-    Relaxed<bool> blinkOver = true;            // while the peak is above the top
+    Relaxed<juce::uint8> marginMode = juce::uint8 { 0 };   // 1: a marker ends on the bar; else 10 dB below it
+    Relaxed<bool> blinkOver = true;                        // while the peak is above the top
     std::array<float, kNumZones> zoneLimits;   // dB, ascending: a level belongs to the first that it does not exceed
     std::array<juce::Colour, kNumZones> zoneColours;
     Relaxed<juce::Colour> holdColour = juce::Colour (juce::uint32 { 0 });   // 0 for that of the zone

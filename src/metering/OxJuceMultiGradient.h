@@ -4,8 +4,8 @@
 #include "gui/OxOglChildComponent.h"
 #include "metering/OxJuceMultiGradientHelper.h"
 
-/** Fills its bounds with a gradient, from the first stop to the last: what lies before and after them stays clear, and a
-    single stop draws nothing. */
+/** Fills its bounds with a gradient, as far as there is a stop on either side: before the first and after the last it stays
+    clear, and a single stop draws nothing. */
 class OxJuceMultiGradient : public OxJuceMultiGradientHelper, public OxOglChildComponent
 {
 public:

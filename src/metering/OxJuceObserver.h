@@ -6,7 +6,7 @@
 
 #include <juce_audio_basics/juce_audio_basics.h>
 
-/** Watches audio without touching it: reduces each block to a level that one display reads at its own pace. */
+/** Makes of each block a level, for one display that asks when it draws; the audio itself stays as it is. */
 class OxJuceObserver : public OxJuceChannelUser
 {
 public:

@@ -19,14 +19,14 @@ public:
     float getLevelDb() override;
     float getInstantLevelDb() override;
 
-    /** `getLevelDb` at a given moment: rises at once, and falls by `fallRateDbPerSecond` since the last reading. */
+    /** `getLevelDb` at a given moment: up with the signal, down by no more than `fallRateDbPerSecond` allows. */
     float getLevelDbAt (juce::Time now);
 
     Relaxed<float> fallRateDbPerSecond = kNoBallistics;
-    Relaxed<float> direction = 1.0f;   // multiplies the comparison and the fall
+    Relaxed<float> direction = 1.0f;   // -1: down at once, up at the rate
 
 protected:
-    static constexpr float noLevelMark = -1000.0f;   // no new level has come in: below any magnitude
+    static constexpr float noLevelMark = -1000.0f;   // nothing since the reading; no magnitude is below it
     static constexpr float silentLevel = 0.0f;
 
     Relaxed<float> blockLevel = 0.0f;   // linear

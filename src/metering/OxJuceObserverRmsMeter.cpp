@@ -3,7 +3,6 @@
 
 #include "platform/Vectorised.h"
 
-#include <cstring>
 #include <numeric>
 
 namespace
@@ -11,7 +10,8 @@ namespace
 
 using Sums = std::array<float, OxJuceObserverRmsMeter::kNumLanes>;
 
-/** Eight samples at any address, in one register where the processor has one as wide. */
+/** Eight samples at any address, in one register where the processor has one as wide. They are read in place: a copy into
+    one comes in halves, and a reference to one counts as a register's boundary for some compilers. */
 using Eight [[gnu::vector_size (8 * sizeof (float)), gnu::aligned (alignof (float)), gnu::may_alias]] = float;
 static_assert (OxJuceObserverRmsMeter::kNumLanes == 4 * 8);
 
@@ -49,7 +49,7 @@ template <typename Load, typename SampleAt>
 DUO_VECTORISED
 void addSquares (Sums& sums, const float* samples, int numSamples)
 {
-    const auto load = [=] (int i, Eight& to) { std::memcpy (&to, samples + i, sizeof (to)); };
+    const auto load = [=] (int i, Eight& to) { to = *reinterpret_cast<const Eight*> (samples + i); };
     addInLanes (sums, numSamples, load, [=] (int i) { return samples[i]; });
 }
 
@@ -59,10 +59,8 @@ void addSquares (Sums& sums, const float* first, const float* second, float shar
 {
     const auto load = [=] (int i, Eight& to)
     {
-        Eight other;
-        std::memcpy (&to, first + i, sizeof (to));
-        std::memcpy (&other, second + i, sizeof (other));
-        to += share * other;
+        to = *reinterpret_cast<const Eight*> (first + i);
+        to += share * *reinterpret_cast<const Eight*> (second + i);
     };
     addInLanes (sums, numSamples, load, [=] (int i) { return first[i] + share * second[i]; });
 }

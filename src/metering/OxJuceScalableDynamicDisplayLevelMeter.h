@@ -29,8 +29,8 @@ public:
     void paint (juce::Graphics& graphics) override;
     void resized() override;
 
-    Relaxed<bool> noGaps = false;             // set before the scale: segments never have a gap
-    Relaxed<OxJuceOglFont*> font = nullptr;   // of the labels, not owned; null for the surface's 10-point font
+    Relaxed<bool> noGaps = false;             // set before the scale: segments touch at any size
+    Relaxed<OxJuceOglFont*> font = nullptr;   // of the labels, not owned; null: of 10 points
 
 protected:
     float getFirstBorderDb() override;
@@ -43,7 +43,7 @@ protected:
     virtual void paintTicks (juce::Graphics& graphics);
 
     float bottomDb = 0.0f;   // where the whole segments begin
-    float partDb = 0.0f;     // what a part of a segment adds below
+    float partDb = 0.0f;     // of a cut-off segment below the whole ones
 
 private:
     void fitSegments (int length);

@@ -3,8 +3,8 @@
 
 #include <juce_core/juce_core.h>
 
-/** The marker that a meter leaves at its peak: it stays for a while, and then falls at a constant rate in dB. For one thread
-    at a time; the moments come from whoever asks. */
+/** A meter's memory of its peak, which waits there and then sinks, each second by as many dB. For one thread at a time, who
+    brings the clock along. */
 struct OxPeakHold
 {
     static constexpr float kForEver = -1.0f;   // as `holdSeconds`: never falls

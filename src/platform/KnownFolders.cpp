@@ -45,8 +45,10 @@ juce::File getUserConfigurationFolder()
 
 juce::File getMachineConfigurationFolder()
 {
-    const auto folders = juce::SystemStats::getEnvironmentVariable ("XDG_CONFIG_DIRS", {});
-    return getFolderOrElse (folders.fromLastOccurrenceOf (":", false, false), juce::File ("/etc/xdg"));
+    const juce::File usual ("/etc/xdg");
+    const auto folders =
+        juce::StringArray::fromTokens (juce::SystemStats::getEnvironmentVariable ("XDG_CONFIG_DIRS", {}), ":", {});
+    return folders.contains (usual.getFullPathName()) ? usual : getFolderOrElse (folders[folders.size() - 1], usual);
 }
 
 juce::File getUserApplicationDataFolder()

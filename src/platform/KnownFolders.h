@@ -18,8 +18,8 @@ juce::String findCommonProgramFilesFolder (const juce::String& fileBelow);
     thread]. */
 juce::File getUserConfigurationFolder();
 
-/** The same for all users of the machine: the last folder in XDG_CONFIG_DIRS, which stays the same whatever a desktop
-    session puts before it, or `/etc/xdg`. */
+/** The same for all users of the machine: `/etc/xdg`, whatever a desktop session puts beside it in XDG_CONFIG_DIRS. Where
+    that names other folders alone, the last of them. */
 juce::File getMachineConfigurationFolder();
 
 /** Where programs keep data for the user, apart from what configures them: what XDG_DATA_HOME names, or `~/.local/share`. */

@@ -29,12 +29,23 @@ inline void load (const Word* from, void* to, int count) noexcept
     auto* target = static_cast<char*> (to);
 
 #if DUO_PAIRED_WORDS
-    for (; count >= 2; count -= 2, from += 2, target += sizeof (__m128i))
+    const auto move = [&] (int pair)
     {
-        __m128i pair;
-        asm volatile("movdqu (%1), %0" : "=x"(pair) : "r"(from) : "memory");
-        _mm_storeu_si128 (reinterpret_cast<__m128i*> (target), pair);
+        __m128i words;
+        asm volatile("movdqu %1, %0" : "=x"(words) : "m"(from[2 * pair]) : "memory");
+        _mm_storeu_si128 (reinterpret_cast<__m128i*> (target) + pair, words);
+    };
+
+    for (; count >= 8; count -= 8, from += 8, target += 4 * sizeof (__m128i))
+    {
+        move (0);
+        move (1);
+        move (2);
+        move (3);
     }
+
+    for (; count >= 2; count -= 2, from += 2, target += sizeof (__m128i))
+        move (0);
 #endif
 
     for (; count > 0; --count, target += sizeof (Word))

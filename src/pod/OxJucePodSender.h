@@ -3,13 +3,13 @@
 
 #include <juce_core/juce_core.h>
 
-/** The list of pods that can be heard, with the lock that guards it.
+/** What a listener can choose from, in the order of the rows.
 
     Both lists have the same length; entry 0 is the row "Not Connected" with the id -1 once the list was filled. */
 class OxJucePodSender
 {
 public:
-    juce::CriticalSection podLock;   // also held by the audio thread for the whole read of a pod
+    juce::CriticalSection podLock;   // of both lists; a block holds it for as long as it reads a pod
     juce::StringArray podNames;
     juce::Array<int> podIds;
 };

@@ -51,7 +51,6 @@ t_fstPtrInt JuceVSTWrapper::giveEditorSize (t_fstRectangle** place)
     if (place == nullptr)
         return 0;
 
-    adoptCallingThread();
     const MessageThread::Lock lock;
 
     if (! makeEditor())
@@ -114,10 +113,10 @@ void JuceVSTWrapper::runHostEvents()
 
 void JuceVSTWrapper::adoptCallingThread()
 {
-    const auto type = getHostType();
-    const auto changesThreads = hostType::isAnyWavelab (type) || type == hostType::vstBridge;
+    if (messageCameBack || juce::MessageManager::getInstance()->isThisTheMessageThread())
+        return;
 
-    if (! changesThreads || messageCameBack || juce::MessageManager::getInstance()->isThisTheMessageThread())
+    if (const auto type = getHostType(); ! hostType::isAnyWavelab (type) && type != hostType::vstBridge)
         return;
 
     loan.emplace();
