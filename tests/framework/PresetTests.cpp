@@ -163,6 +163,11 @@ TEST (NavigationTest, WhatIsListedLoadsHoweverItIsWrittenAndNothingLeavesTheRoot
         rig->nextPreset();
         EXPECT_EQ (rig->getPresetState().getEncodedName(), encodePresetName (files[0]));
     }
+    EXPECT_TRUE (at (juce::CharPointer_UTF8 ("Odd/\xe6\x97\xa5.oxp")).create() && rig->save ("Odd", "a", 1.0f) &&
+                 rig->save ("Odd", "b", 1.0f));
+    EXPECT_EQ (folders.findCurrentPreset ("Odd", {}).getName(), folders.findNextPreset ("Odd", {}).getName())
+        << "no name is none of them, not even one of which no letter could be written";
+
     for (const auto* const out : { "..", ".", "\xc3\xa9.." })
     {
         const juce::String folder (juce::CharPointer_UTF8 { out });

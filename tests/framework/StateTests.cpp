@@ -146,6 +146,11 @@ TEST (StateTest, OddStatesLoadAsFarAsTheyGo)
     EXPECT_EQ (rig->getParameterText (Routing) + rig->getParameterText (TimecodeFramerate), "ITU30 fps");
     again->load (rig->save());
     EXPECT_EQ (again->save(), rig->save());
+    rig->load (root ("><PRESET0 ToggleAB='nan' ParamMapVersion='nan'/>"));
+    rig->version = 2, rig->setParamUndoable (ToggleAB, 1.0f, true);
+    rig->checkParamMapVersionCompatibility(), rig->checkParamMapVersionCompatibility();
+    EXPECT_EQ (rig->converted + juce::String (rig->getParameter (ToggleAB)), "p1 0 1 1")
+        << "numbers replace what is none";
 }
 
 TEST (StateTest, ForeignBytesAreKeptUntilTheUserAgreesToLoseThem)
