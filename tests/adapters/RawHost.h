@@ -121,7 +121,7 @@ struct NotingManager final : baylink::IPodManager
     void setPlaying (baylink::PodId, bool) override {}
     void setPodGain (int, float) override {}
     std::function<void (float* const*, int, std::int64_t)> audio;   // of the pod, stereo
-    std::int64_t start = -1;
+    std::atomic<std::int64_t> start { -1 };
     std::atomic<int> ticks { 0 };
     std::atomic<std::thread::id> ticker;
 };
