@@ -24,17 +24,11 @@ bool isBetween (int code, int first, int last)
     return code >= first && code <= last;
 }
 
-}   // namespace
-
-int OxJuceProcessorBase::getDefaultRouting (int)
+/** The order in which a plug-in format counts the channels of a bus, up to 12. */
+int getRoutingOfFormat (int numChannels, int pluginType)
 {
-    const auto numChannels = getMaxNumChannels();
-
-    if (numChannels < 0 || numChannels > 12)
-        return kNoRouting;
-
     if (numChannels <= 6)
-        return pluginType == typeAu ? 2 : isAvid (pluginType) ? 0 : 1;
+        return pluginType == OxJuceProcessorBase::typeAu ? 2 : isAvid (pluginType) ? 0 : 1;
 
     if (numChannels <= 8)
         return isVst (pluginType) ? 9 : 3;
@@ -43,6 +37,14 @@ int OxJuceProcessorBase::getDefaultRouting (int)
         return isAvid (pluginType) ? 15 : 16;
 
     return isAvid (pluginType) ? 24 : 25;
+}
+
+}   // namespace
+
+int OxJuceProcessorBase::getDefaultRouting (int)
+{
+    const auto numChannels = getMaxNumChannels();
+    return numChannels < 0 || numChannels > 12 ? kNoRouting : getRoutingOfFormat (numChannels, pluginType);
 }
 
 int OxJuceProcessorBase::getRoutingForChannels (int requestedChannels)
@@ -62,6 +64,7 @@ int OxJuceProcessorBase::getRoutingForChannels (int requestedChannels)
         setParamUndoable (getRoutingParam(), thousandths::fromCode (newCode), false);
         return newCode;
     };
+    const auto ofFormat = getRoutingOfFormat (numChannels, pluginType);
 
     if (numChannels <= 6)
     {
@@ -69,7 +72,7 @@ int OxJuceProcessorBase::getRoutingForChannels (int requestedChannels)
             return code;
 
         const auto stored = getParamCode (getRoutingDefaultParam());
-        return use (isBetween (stored, 0, 2) ? stored : pluginType == typeAu ? 2 : isAvid (pluginType) ? 0 : 1);
+        return use (isBetween (stored, 0, 2) ? stored : ofFormat);
     }
 
     if (numChannels <= 8)
@@ -78,7 +81,7 @@ int OxJuceProcessorBase::getRoutingForChannels (int requestedChannels)
             return code;
 
         const auto stored = getParamCode (getRoutingDefault71Param());
-        return use (isBetween (stored, 3, 9) ? stored : isVst (pluginType) ? 9 : 3);
+        return use (isBetween (stored, 3, 9) ? stored : ofFormat);
     }
 
     if (numChannels <= 10)
@@ -87,11 +90,11 @@ int OxJuceProcessorBase::getRoutingForChannels (int requestedChannels)
             return code;
 
         const auto stored = getParamCode (getRoutingDefault712Param());
-        return use (isBetween (stored, 15, 19) ? stored : isAvid (pluginType) ? 15 : 16);
+        return use (isBetween (stored, 15, 19) ? stored : ofFormat);
     }
 
     if (numChannels <= 12 && ! isBetween (code, 24, 25))
-        return use (isAvid (pluginType) ? 24 : 25);
+        return use (ofFormat);
 
     return code;
 }
