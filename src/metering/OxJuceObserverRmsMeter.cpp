@@ -84,28 +84,28 @@ void OxJuceObserverRmsMeter::process (const juce::AudioSampleBuffer& block)
     if (isPair ? numChannels < 2 : (signal < 0 || signal >= numChannels))
         return;
 
-    const auto* first = block.getReadPointer (isPair ? 0 : signal);
-    const auto* second = isPair ? block.getReadPointer (1) : nullptr;
-    const auto scale = isPair ? 0.25f : 1.0f;
-
     for (int done = 0; done < block.getNumSamples();)
     {
         const auto run = std::min (block.getNumSamples() - done, windowLength - samplesInWindow);
 
         if (isPair)
-            addSquares (sumsOfSquares, first + done, second + done, signal == mid ? 1.0f : -1.0f, run);
+            addSquares (sumsOfSquares, block.getReadPointer (0, done), block.getReadPointer (1, done),
+                        signal == mid ? 1.0f : -1.0f, run);
         else
-            addSquares (sumsOfSquares, first + done, run);
+            addSquares (sumsOfSquares, block.getReadPointer (signal, done), run);
 
         samplesInWindow += run;
         done += run;
 
         if (samplesInWindow == windowLength)
-        {
-            const auto sumOfSquares = std::accumulate (sumsOfSquares.begin(), sumsOfSquares.end(), 0.0f);
-            blockLevel = std::sqrt (scale * sumOfSquares / static_cast<float> (samplesInWindow));
-            sumsOfSquares = {};
-            samplesInWindow = 0;
-        }
+            finishWindow (isPair ? 0.25f : 1.0f);
     }
+}
+
+void OxJuceObserverRmsMeter::finishWindow (float scale)
+{
+    const auto sumOfSquares = std::accumulate (sumsOfSquares.begin(), sumsOfSquares.end(), 0.0f);
+    blockLevel = std::sqrt (scale * sumOfSquares / static_cast<float> (samplesInWindow));
+    sumsOfSquares = {};
+    samplesInWindow = 0;
 }

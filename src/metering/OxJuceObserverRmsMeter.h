@@ -16,6 +16,9 @@ public:
     void process (const juce::AudioSampleBuffer& block) override;
 
 private:
+    /** Makes the level of the sums. Apart from `process`, which most blocks leave before the end of a window. */
+    [[gnu::noinline]] void finishWindow (float scale);
+
     int windowLength = kWindowLength;
     std::array<float, kNumLanes> sumsOfSquares {};   // each of every 32nd sample: one would be a chain of additions
     int samplesInWindow = 0;
