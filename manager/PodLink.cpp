@@ -37,8 +37,7 @@ void PodLink::read (const PodStream& stream, float* const* channels, const Strea
         matcher.reset();
     }
 
-    const auto plan =
-        matcher.match (block, { stream.written(), stream.latestBlock(), stream.longestBlock(), stream.labels() });
+    const auto plan = matcher.match (block, { stream.written(), stream.latestBlock(), stream.labels() });
 
     if (! fits)
         return;

@@ -165,11 +165,18 @@ void PodManager::disconnect (PodId id)
         setRestoredAs (*slot, kNoPod);
         freeSlots.push_back (static_cast<int> (slot - slots.get()));
 
-        callEnded.wait (lock, [this, id] { return ! isCalling (id, false); });
+        // A pod may leave in a call of ours; calls from other threads come to their end first.
+        callEnded.wait (lock,
+                        [this, id, self = std::this_thread::get_id()]
+                        {
+                            return std::none_of (calls.begin(), calls.end(),
+                                                 [&] (const PodCall& call)
+                                                 { return call.id == id && call.thread != self; });
+                        });
     }
 
     for (const auto listener : listeners)
-        callPod (listener, [id] (IPod& pod) { pod.onPodRemoved (id); });
+        callPod (listener, kNoPod, [id] (IPod& pod) { pod.onPodRemoved (id); });
 
     grantWishes();
 }
@@ -223,6 +230,8 @@ bool PodManager::openStream (PodId id, int numChannels)
 
         if (auto* const stream = takeStream (numChannels, built))
         {
+            // A reader meets the former stream with the former number of channels, or none, never one with the other's.
+            slot->stream.store (nullptr);
             slot->told.numChannels = numChannels;
             publish (*slot);
             slot->stream.store (stream);

@@ -60,7 +60,7 @@ private:
     /** A call into a pod that is under way. */
     struct PodCall
     {
-        PodId id = kNoPod;
+        PodId id = kNoPod, offered = kNoPod;
         std::thread::id thread;
     };
 
@@ -76,9 +76,9 @@ private:
     PodId findMeant (PodId savedId) const;
     bool takeWish (PodId& listener, PodId& podId);
     void grantWishes();
-    bool isCalling (PodId id, bool fromThisThread) const;
+    bool isOffered (PodId id, PodId podId = kNoPod) const;
 
-    void callPod (PodId id, const std::function<void (IPod&)>& call);
+    void callPod (PodId id, PodId offered, const std::function<void (IPod&)>& call);
 
     const std::unique_ptr<PodSlot[]> slots;
 

@@ -37,7 +37,7 @@ bool PodManager::link (PodId ownId, PodId podId)
         return false;
 
     const auto* const stream = pod->stream.load();
-    unused->isStopgap = ! own->wishes.empty() && ! isCalling (ownId, true);
+    unused->isStopgap = ! own->wishes.empty() && ! isOffered (ownId, podId);
     unused->make (podId, static_cast<std::uint32_t> (++serial), stream == nullptr ? 0 : stream->age());
     return true;
 }
@@ -56,7 +56,7 @@ void PodManager::unlink (PodId ownId, PodId podId)
                 held.end();
 
     // A listener that lets a pod go by itself has chosen; one that makes room for what it is offered has not.
-    if (! isCalling (ownId, true))
+    if (! isOffered (ownId))
         own->wishes.clear();
 }
 
@@ -209,20 +209,23 @@ bool PodManager::takeWish (PodId& listener, PodId& podId)
 void PodManager::grantWishes()
 {
     for (PodId listener = kNoPod, podId = kNoPod; takeWish (listener, podId);)
-        callPod (listener, [&] (IPod& pod) { pod.onPodLinked (listener, podId); });
+        callPod (listener, podId, [&] (IPod& pod) { pod.onPodLinked (listener, podId); });
 }
 
-/** @returns true while `id` is being called, by this thread or by another one [under the lock]. */
-bool PodManager::isCalling (PodId id, bool fromThisThread) const
+/** @returns whether `id` is being asked to link `podId`, or any pod with `kNoPod` [under the lock]. */
+bool PodManager::isOffered (PodId id, PodId podId) const
 {
     return std::any_of (calls.begin(), calls.end(),
-                        [=, self = std::this_thread::get_id()] (const PodCall& call)
-                        { return call.id == id && (call.thread == self) == fromThisThread; });
+                        [=] (const PodCall& call) {
+                            return call.id == id && call.offered != kNoPod &&
+                                   (podId == kNoPod || call.offered == podId);
+                        });
 }
 
 /** Calls a pod that is still there, with the lock open: the call may come back to the manager, and may wait for what
-    another thread holds while that one waits for the manager. `disconnect` waits until it has ended. */
-void PodManager::callPod (PodId id, const std::function<void (IPod&)>& call)
+    another thread holds while that one waits for the manager. `disconnect` waits until it has ended.
+    @param offered the pod that it is asked to link, `kNoPod` for another message */
+void PodManager::callPod (PodId id, PodId offered, const std::function<void (IPod&)>& call)
 {
     const auto self = std::this_thread::get_id();
     Lock lock (mutex);
@@ -232,14 +235,15 @@ void PodManager::callPod (PodId id, const std::function<void (IPod&)>& call)
         return;
 
     auto& pod = *slot->pod;
-    calls.push_back ({ id, self });
+    calls.push_back ({ id, offered, self });
     lock.unlock();
 
     call (pod);
 
     lock.lock();
     calls.erase (std::find_if (calls.begin(), calls.end(),
-                               [&] (const PodCall& running) { return running.id == id && running.thread == self; }));
+                               [&] (const PodCall& running)
+                               { return running.id == id && running.offered == offered && running.thread == self; }));
     callEnded.notify_all();
 }
 

@@ -13,7 +13,6 @@ void PodStream::begin (std::uint64_t newAge) noexcept
     currentAge.store (newAge, std::memory_order_relaxed);
     runs.clear();
     latest.store (0, std::memory_order_release);
-    longest.store (0, std::memory_order_release);
     ring.restart();
     base.store (ring.end(), std::memory_order_release);
 }
@@ -22,7 +21,6 @@ void PodStream::write (const float* const* channels, int numSamples, const std::
 {
     // A label stands in the table by the time its samples can be seen, so the table is never behind the audio.
     latest.store (numSamples, std::memory_order_release);
-    longest.store (std::max (longest.load (std::memory_order_relaxed), numSamples), std::memory_order_release);
 
     if (label != nullptr)
         runs.lay (written(), numSamples, *label);

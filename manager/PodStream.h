@@ -46,9 +46,8 @@ public:
     /** @returns samples since the stream began [any thread]. */
     std::int64_t written() const noexcept;
 
-    /** The last block that was written and the longest of this life, in samples. */
+    /** The last block that was written, in samples. */
     int latestBlock() const noexcept { return latest.load (std::memory_order_acquire); }
-    int longestBlock() const noexcept { return longest.load (std::memory_order_acquire); }
 
     const LabelRuns& labels() const noexcept { return runs; }
 
@@ -61,7 +60,7 @@ private:
     std::atomic<int> writers { 0 };   // more than one only while a former owner finds out that it lost the stream
     std::atomic<std::uint64_t> currentAge { 0 };
     std::atomic<std::int64_t> base { 0 };   // position in the ring where this life began
-    std::atomic<int> latest { 0 }, longest { 0 };
+    std::atomic<int> latest { 0 };
 };
 
 }   // namespace baylink

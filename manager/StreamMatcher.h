@@ -2,9 +2,9 @@
 #pragma once
 
 #include "LabelRuns.h"
+#include "RecentRange.h"
 #include "pod/PodManagerContract.h"
 
-#include <array>
 #include <optional>
 
 namespace baylink
@@ -13,11 +13,9 @@ namespace baylink
 /** Finds what a listener's next block means in a pod's stream [the listener's audio thread].
 
     A listener's blocks are a stream as the pod's are. Host time runs through both alike, so one number, the offset from
-    the listener's count of samples to the pod's, stays true until one side misses blocks that the other gets. The
-    matcher takes the best first guess, goes on from block to block, and moves the offset only on proof: a label in the
-    pod that cannot be, or a distance to the pod's end that the two never had. Since the listener lets its signal out
-    `kMatchedLatency` samples late, it remembers which offset held for which of its samples, and mends a guess
-    backwards before it is heard. */
+    the listener's count of samples to the pod's, stays true until one side misses blocks that the other gets. The matcher
+    keeps the listener's last samples as pieces, each at one offset or nowhere, and looks again at every piece until it is
+    heard, which is `kMatchedLatency` samples after it came: by then the pod mostly tells whether it bears the labels. */
 class StreamMatcher
 {
 public:
@@ -35,7 +33,6 @@ public:
     {
         std::int64_t written = 0;   // samples since the stream began
         int latestBlock = 0;        // that the sender wrote, in samples
-        int longestBlock = 0;       // the same, of all that it ever wrote
         const LabelRuns& runs;
     };
 
@@ -47,11 +44,11 @@ public:
         int length = 0;
     };
 
-    static constexpr int kMaxStretches = 6;
+    static constexpr int kMaxPieces = 64;
 
     struct Plan
     {
-        std::array<Stretch, kMaxStretches> stretches {};
+        std::array<Stretch, kMaxPieces> stretches;
         int count = 0;
 
         const Stretch* begin() const noexcept { return stretches.data(); }
@@ -59,94 +56,107 @@ public:
     };
 
     /** Begins anew, with another pod or another stream of the same. */
-    void reset() noexcept;
+    void reset() noexcept { *this = {}; }
 
     /** Takes the next block. @returns where the samples lie that belong to it, `kMatchedLatency` before its place. */
     Plan match (const Block& block, const Pod& pod) noexcept;
 
 private:
-    using Verdict = LabelRuns::Verdict;
-
-    /** The listener's samples `[start, end)` have the pod's `[start + offset, end + offset)` beside them. */
-    struct Segment
+    /** What is known of where a piece lies; `docs/pod-timing.md` has the table of what leads from one to another. */
+    enum class State
     {
-        std::int64_t start = 0, end = 0, offset = 0;
+        nowhere,   // it is silent
+        guessed,   // at an offset that nothing has proven yet
+        counted,   // at an offset that was proven, or usual, before it
+        proven     // the pod bears its label there
     };
 
-    /** A block with where it was taken to lie; pending until the pod can tell whether it bears the label there. */
-    struct Probe
+    static constexpr std::int64_t kForever = std::int64_t { 1 } << 60;
+
+    /** Samples of the listener that go on from one another. */
+    struct Piece
     {
-        std::int64_t asked = 0, place = 0, label = 0, lead = 0;
-        int length = 0;
-        bool pending = false;
+        std::int64_t start = 0, end = 0;
+        std::int64_t lastBlock = 0;   // the block that was added last begins here: what follows is not known to go on
+        std::int64_t label = 0;       // of the start
+        bool moves = false;           // bears labels that tell places; else they are missing, or stand
+        State state = State::nowhere;
+        std::int64_t offset = 0;
+        std::int64_t firstPlace = -kForever, endPlace = kForever;   // in the pod, beyond which it has nothing for it
+        std::int64_t agreedTo = -kForever;    // the last place where the pod was seen to bear its label
+        std::int64_t pace = 0, written = 0;   // when it came, see below
+
+        std::int64_t labelAt (std::int64_t sample) const noexcept
+        {
+            return LabelRuns::wrappedSum (label, sample - start);
+        }
     };
 
-    /** How the host calls the two, as far as the last sure block showed it. */
-    enum class Order
+    /** What the pod's labels say of a piece at its offset. */
+    struct Evidence
     {
-        senderFirst,
-        readerFirst,
-        apart
+        bool agrees = false;
+        std::int64_t agreedTo = -kForever, contradictedFrom = kForever;   // places
     };
 
-    /** Where the streams parted, if they did: from this sample of the listener on, or from this place of the pod on. */
-    struct Break
+    /** A place in the pod that bears a label. */
+    struct Find
     {
-        std::int64_t asked = 0, place = 0;
+        std::int64_t offset = 0, firstPlace = -kForever, distance = kForever;
+        bool certain = false;       // else it may be a sample or two off, or the host may have jumped before it
+        bool beginsAlike = false;   // piece and run both begin there
+
+        /** The better one comes first. */
+        bool operator<(const Find& other) const noexcept
+        {
+            if (beginsAlike != other.beginsAlike)
+                return beginsAlike;
+
+            return distance != other.distance ? distance < other.distance : certain && ! other.certain;
+        }
     };
 
-    /** What speaks for another offset: a label mends the last guess backwards, a lead only tells from when on. */
-    enum class Reason
-    {
-        label,
-        lead
-    };
+    void takeIn (const Block& block, const Pod& pod) noexcept;
+    void begin (std::int64_t sample, std::int64_t label, bool moves) noexcept;
+    Piece& insert (int index, const Piece& piece) noexcept;
+    Piece& splitAt (int index, std::int64_t sample) noexcept;
 
-    /** How far a run is believed: to the last block that went on from another, or as far as the next ones may go on. */
-    enum class Reach
-    {
-        proven,
-        foretold
-    };
+    void guess (const Block& block, const Pod& pod) noexcept;
+    void guessAtStart (const Block& block, const Pod& pod) noexcept;
+    void settle (int index, const Pod& pod) noexcept;
+    void prove (int index) noexcept;
+    void watchLead (int length, const Pod& pod) noexcept;
+    void moveNewest (std::int64_t offset) noexcept;
+    void forgetHeard (const Pod& pod) noexcept;
 
-    void anchor (const Block& block, const Pod& pod) noexcept;
-    static std::int64_t guessPlace (const Block& block, const Pod& pod) noexcept;
-    void follow (const Block& block, const Pod& pod) noexcept;
-    void anchorAtStart (const Block& block, const Pod& pod) noexcept;
-    void holdFromStart (std::int64_t place, const Block& block, const Pod& pod) noexcept;
-    bool judgeLabel (const Block& block, const Pod& pod) noexcept;
-    void judgeLead (const Block& block, const Pod& pod, bool labelMoved) noexcept;
-    void agree (const Probe& block) noexcept;
-    void noteOrder (int length, std::int64_t lead) noexcept;
-    void moveTo (std::int64_t place, Break parted, Reason reason) noexcept;
-    void holdAlways (std::int64_t offset) noexcept;
-    void dropOldestSegment() noexcept;
+    static Evidence compare (const Piece& piece, const Pod& pod) noexcept;
+    std::optional<Find> search (Piece piece, int index, const Pod& pod) const noexcept;
+    std::optional<Find> findIn (const LabelRuns::Run& run, const Piece& piece, std::int64_t floor, std::int64_t sample,
+                                std::int64_t label, const Pod& pod) const noexcept;
+    std::int64_t floorOf (int index, const LabelRuns::Run& run) const noexcept;
+    std::int64_t usualLead (int length) const noexcept { return senderFirst ? length : *lastLead; }
+    std::int64_t leadDistance (std::int64_t lead) const noexcept;
+    std::int64_t reach() const noexcept { return longestBlock.high() + longestPodBlock.high(); }
+    Plan makePlan (int length, const Pod& pod) const noexcept;
 
-    std::int64_t currentOffset() const noexcept { return segments[segmentCount - 1].offset; }
-    bool isUsual (std::int64_t lead, const Pod& pod) const noexcept;
-    std::int64_t usualPlace (const Block& block, const Pod& pod) const noexcept;
-    static std::optional<std::int64_t> placeInNewestRun (const Block& block, const Pod& pod, Reach reach) noexcept;
-    bool findPlace (const Block& block, const Pod& pod, bool usualOnly, std::int64_t& place) const noexcept;
-    Plan makePlan (int length) const noexcept;
-
-    std::array<Segment, kMaxStretches> segments {};   // oldest first, together without an end on either side
-    int segmentCount = 0;                             // 0 while there is nothing to go by
-    bool sure = false;                                // of the newest segment
-    bool everSure = false;                            // of one since the first guess
-    Break newestBreak;                                // before the newest segment
+    std::array<Piece, kMaxPieces> pieces;   // oldest first, without gaps between
+    int count = 0;
 
     std::int64_t asked = 0;         // samples that the listener asked for so far
-    std::int64_t agreedUntil = 0;   // up to here the offset was right for certain
     std::int64_t lastWritten = 0;   // length of the pod at the last block
+    Piece heard;                    // that agreed last of those that are heard
+    std::int64_t startedAt = -1;    // the listener's sample at which the host began to play, until that is settled
     std::int64_t lastLabel = 0;
-    bool hasLastLabel = false;
-    bool wasPlaying = false;
-    Probe probe;
+    int exactBlocks = 0;   // of the listener that went on to the sample, since one that did not
+    bool hasLastLabel = false, wasPlaying = false;
 
-    // A lead is how far the pod's end lies ahead of the listener's place.
-    std::int64_t lowestLead = 0, highestLead = 0, lastLead = 0;   // of sure blocks
-    Order order = Order::senderFirst;
-    int longestBlock = 0;   // that the listener ever asked for
+    // The lead of an offset is how far the pod's end lay ahead of the listener's place when the pod had just gone on.
+    std::int64_t pace = 0;   // the pod's length less the listener's, then: the lead of the offset 0
+    std::optional<std::int64_t> lastLead;
+    bool senderFirst = false;               // as the last lead has it: then a lead is as long as the listener's block
+    std::int64_t offsetBefore = kForever;   // before it was last given up for the usual lead
+    RecentRange leads;                      // of proven pieces, lately
+    RecentRange longestBlock, longestPodBlock;   // lately
 };
 
 }   // namespace baylink

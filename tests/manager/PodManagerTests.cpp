@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TestPod.h"
 
+#include <atomic>
 #include <limits>
+#include <numeric>
 #include <set>
+#include <thread>
 
 using namespace baylink;
 
@@ -166,4 +169,39 @@ TEST_F (PodManagerTest, ReadsTheChannelsThatItsListenerWasToldOf)
         manager.readAudio (listener.id, channels, 64, sender.id);
         EXPECT_EQ (std::pair (left.front(), right.front()), expected);
     }
+}
+
+TEST (MatchedTimingTest, NullsInRunningThreadsThatMeetOnceACycle)
+{
+    constexpr int cycles = 300, cycle = 1024;
+    PodManager manager;
+    TestPod sender { &manager }, listener { &manager };
+    std::atomic<int> arrived { 0 }, wrong { 0 };
+    manager.openStream (sender.id, 1);
+    listener.choose (sender.id);
+
+    const auto run = [&] (PodId id, int length)
+    {
+        for (int now = 0, finished = 0; now < cycles * cycle; now += length)
+        {
+            std::vector<float> block (static_cast<std::size_t> (length)), own (block);
+            float *const target[] = { block.data() }, *const source[] = { own.data() };
+            const auto label = now % (50 * cycle);   // the transport loops
+            std::iota (own.begin(), own.end(), static_cast<float> (now));
+            id == sender.id ? manager.writeAudioAt (id, source, length, label)
+                            : manager.readAudioAt (id, target, length, sender.id, label);
+
+            for (int i = 0; i < length && id != sender.id; ++i)
+                wrong += block[i] == std::max (0.0f, own[i] - kMatchedLatency) ? 0 : 1;
+
+            if ((now + length) % cycle == 0)
+                for (++arrived, finished += 2; arrived < finished;)
+                    std::this_thread::yield();
+        }
+    };
+
+    std::thread reading (run, listener.id, 256);
+    run (sender.id, 512);
+    reading.join();
+    EXPECT_EQ (wrong, 0);
 }
