@@ -2,6 +2,9 @@
 // The built program, by its exit status and what it prints.
 #include "DeskRig.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 struct DeskProgramTest : testing::Test
 {
     DeskProgramTest()
@@ -15,22 +18,33 @@ struct DeskProgramTest : testing::Test
         rig.file ("bad.txt").replaceWithText ("0 select A\n0.1 selekt B\n");
         rig.file ("torn/DuoJudge.vst3").create();
         rig.file ("late.txt").replaceWithText ("0 select A\n\n1 select B\n");
+        rig.file ("linked").createDirectory();
+        EXPECT_EQ (::mkfifo (rig.file ("pipe").getFullPathName().toRawUTF8(), 0600), 0);
+
+        for (const auto& [link, target] : { std::pair ("pipe-link", "pipe"),
+                                            { "ring", "ring" },
+                                            { "a-link", "a.wav" },
+                                            { "o-link", "linked/next" },
+                                            { "linked/next", "../new.wav" } })
+            EXPECT_EQ (::symlink (target, rig.file (link).getFullPathName().toRawUTF8()), 0);
     }
 
     /** Runs the desk in the rig's folder, where no display answers; with none named the toolkit would try the first.
         @returns its last line behind its status */
-    juce::String run (const juce::String& words) const
+    juce::String run (const juce::String& words)
     {
         juce::StringArray command { "env", "-C", rig.file ("").getFullPathName(), "DISPLAY=:60000", DUO_DESK_FILE };
         command.addTokens (words, " ", {});
         juce::ChildProcess child;
         EXPECT_TRUE (child.start (command));
-        const auto lines = juce::StringArray::fromLines (child.readAllProcessOutput().trim());
+        printed = child.readAllProcessOutput();
+        const auto lines = juce::StringArray::fromLines (printed.trim());
         child.waitForProcessToFinish (-1);
         return juce::String (child.getExitCode()) + " " + lines[lines.size() - 1];
     }
 
     DeskRig rig;
+    juce::String printed;   // by the last run
 };
 
 TEST_F (DeskProgramTest, EndsWithStatusTwoAndOneLineForEveryError)
@@ -49,7 +63,12 @@ TEST_F (DeskProgramTest, EndsWithStatusTwoAndOneLineForEveryError)
         { "/ a.wav --render o.wav", "/ cannot be read" },
         { "a.wav a.wav --render no/o.wav", "o.wav cannot be written" },
         { "a.wav a.wav --render /", "/ cannot be written" },
+        { "a.wav a.wav --render pipe", "pipe cannot be written: it is no plain file" },
+        { "a.wav a.wav --render pipe-link", "pipe-link cannot be written: it is no plain file" },
+        { "a.wav a.wav --render ring", "ring cannot be written" },
         { "none.wav a.wav --render a.wav", "the output would replace " },
+        { "none.wav a.wav --render a-link", "the output would replace " },
+        { "a.wav a.wav --render late.txt --script late.txt", "the output would replace " },
         { "a.wav a.wav --render o.wav --script gone.txt", "gone.txt cannot be read" },
         { "a.wav a.wav --render o.wav --script bad.txt", "bad.txt, line 2: \"selekt\" is no action" },
         { "a.wav a.wav --render o.wav --script late.txt", "late.txt, line 3: 1.000 s is not before the end" },
@@ -64,17 +83,29 @@ TEST_F (DeskProgramTest, EndsWithStatusTwoAndOneLineForEveryError)
     }
 
     EXPECT_FALSE (rig.file ("o.wav").exists());
+    struct stat pipe = {};
+    EXPECT_TRUE (::stat (rig.file ("pipe").getFullPathName().toRawUTF8(), &pipe) == 0 && S_ISFIFO (pipe.st_mode));
 }
 
-TEST_F (DeskProgramTest, RendersADefaultSequenceWithoutADisplayAndShowsItsUsage)
+TEST_F (DeskProgramTest, RendersADefaultSequenceWithoutADisplayThroughALinkAndShowsItsUsage)
 {
-    const auto answer = run ("--render o.wav a.wav -- -b.ogg");
+    const auto answer = run ("--render o-link a.wav -- -b.ogg");
     EXPECT_TRUE (answer.startsWith ("0 ") && answer.contains ("times faster than real time")) << answer;
+    EXPECT_TRUE (rig.file ("o-link").isSymbolicLink() && rig.file ("linked/next").isSymbolicLink());
 
     desk::Recording rendered;
-    ASSERT_TRUE (desk::Recording::load (rig.file ("o.wav"), rendered).wasOk());
-    EXPECT_EQ (rendered.describe(), "o.wav, 44.1 kHz, stereo");
+    ASSERT_TRUE (desk::Recording::load (rig.file ("new.wav"), rendered).wasOk());
+    EXPECT_EQ (rendered.describe(), "new.wav, 44.1 kHz, stereo");
     EXPECT_EQ (rendered.audio.getNumSamples(), 44100);
 
     EXPECT_EQ (run ("--help"), "0 The exit status is 0, or 2 after an error, which is told in one line.");
+    EXPECT_EQ (run ("--version a.wav"), "0 duojudge-desk 1.1.2");
+}
+
+TEST_F (DeskProgramTest, SaysHowMuchOfATruncatedFileIsMissing)
+{
+    const auto cut = rig.write ("cut.wav", noise (2, 44100, 4));
+    rig.cut (cut, 4410 * 8 + 1);
+    EXPECT_TRUE (run ("a.wav cut.wav --render o.wav").startsWith ("0 "));
+    EXPECT_TRUE (printed.contains ("duojudge-desk: cut.wav lacks its last 4411 samples (0.100 s)")) << printed;
 }

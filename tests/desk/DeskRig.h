@@ -38,6 +38,13 @@ struct DeskRig
         return target;
     }
 
+    /** Takes bytes off the end of a file. */
+    static void cut (const juce::File& target, juce::int64 numBytes)
+    {
+        juce::FileOutputStream stream (target);
+        EXPECT_TRUE (stream.setPosition (target.getSize() - numBytes) && stream.truncate().wasOk());
+    }
+
     static std::unique_ptr<desk::ComparisonGraph> makeGraph (const desk::Material& material)
     {
         std::unique_ptr<desk::ComparisonGraph> graph;
