@@ -16,6 +16,7 @@ namespace
 using namespace desk;
 
 constexpr int kExitError = 2;
+constexpr int kMaxScriptSize = 1 << 24;   // bytes
 
 void warn (const juce::String& what)
 {
@@ -35,7 +36,12 @@ juce::Result loadScript (const juce::File& file, Script& script)
     if (text == nullptr)
         return juce::Result::fail (file.getFullPathName() + " cannot be read");
 
-    const auto parsed = Script::parse (text->readEntireStreamAsString(), script);
+    juce::MemoryBlock bytes;
+
+    if (text->readIntoMemoryBlock (bytes, kMaxScriptSize) == kMaxScriptSize)
+        return juce::Result::fail (file.getFullPathName() + " is too long for a script");
+
+    const auto parsed = Script::parse (bytes.toString(), script);
     return parsed.wasOk() ? parsed : juce::Result::fail (file.getFileName() + ", " + parsed.getErrorMessage());
 }
 

@@ -67,6 +67,16 @@ struct Source
         return ! is<juce::OggVorbisAudioFormat>() || fileEnd::OggPages (file).haveOneFormat;
     }
 
+    /** A program that writes into a pipe does not know the length, and promises all that the format can tell of. */
+    bool promisesAnything() const
+    {
+        constexpr juce::int64 slack = 4096;   // bytes, for the head and whole samples
+        const auto promised = reader->lengthInSamples * getFrameSize();
+
+        return is<juce::WavAudioFormat>() && ((promised > 0xffffffff - slack && promised <= 0xffffffff) ||
+                                              (promised > 0x7fffffff - slack && promised <= 0x7fffffff));
+    }
+
     /** @returns how many samples of those that are promised the file can hold, before memory is taken for them. */
     juce::int64 countHeld() const
     {
@@ -142,7 +152,7 @@ juce::Result Recording::load (const juce::File& file, Recording& result)
     if (audio.getNumSamples() < 1)
         return juce::Result::fail (path + " holds no audio");
 
-    recording.numMissing = reader.lengthInSamples - audio.getNumSamples();
+    recording.numMissing = source.promisesAnything() ? 0 : reader.lengthInSamples - audio.getNumSamples();
     recording.breaksOff = ! source.hasEnd();
     result = std::move (recording);
     return juce::Result::ok();

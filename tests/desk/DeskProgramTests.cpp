@@ -18,6 +18,12 @@ struct DeskProgramTest : testing::Test
         rig.file ("bad.txt").replaceWithText ("0 select A\n0.1 selekt B\n");
         rig.file ("torn/DuoJudge.vst3").create();
         rig.file ("late.txt").replaceWithText ("0 select A\n\n1 select B\n");
+        rig.write ("wide.wav", Audio (2000, 9));
+        rig.patch (rig.write ("odd.wav", Audio (2, 99)), "fmt ", 22, { 12 });   // bits
+        const auto stereo = rig.write ("mixed.ogg", Audio (2, 49000));
+        juce::MemoryBlock mono;
+        EXPECT_TRUE (rig.file ("-b.ogg").loadFileAsData (mono) && stereo.appendData (mono.getData(), mono.getSize()));
+        rig.resize (rig.file ("vast.txt"), 1 << 26);
         rig.file ("linked").createDirectory();
         EXPECT_EQ (::mkfifo (rig.file ("pipe").getFullPathName().toRawUTF8(), 0600), 0);
 
@@ -59,6 +65,9 @@ TEST_F (DeskProgramTest, EndsWithStatusTwoAndOneLineForEveryError)
         { "a.wav empty.wav --render o.wav", "empty.wav is empty" },
         { "none.wav a.wav --render o.wav", "none.wav holds no audio" },
         { "noise.wav a.wav --render o.wav", "noise.wav is no sound file that can be read" },
+        { "wide.wav a.wav --render o.wav", "wide.wav is no sound file that can be read" },
+        { "odd.wav a.wav --render o.wav", "odd.wav is no sound file that can be read" },
+        { "mixed.ogg a.wav --render o.wav", "mixed.ogg is no sound file that can be read" },
         { "a.wav fast.wav --render o.wav", "fast.wav names a sample rate outside 1 to 1536000 Hz" },
         { "/ a.wav --render o.wav", "/ cannot be read" },
         { "a.wav a.wav --render no/o.wav", "o.wav cannot be written" },
@@ -71,6 +80,7 @@ TEST_F (DeskProgramTest, EndsWithStatusTwoAndOneLineForEveryError)
         { "a.wav a.wav --render late.txt --script late.txt", "the output would replace " },
         { "a.wav a.wav --render o.wav --script gone.txt", "gone.txt cannot be read" },
         { "a.wav a.wav --render o.wav --script bad.txt", "bad.txt, line 2: \"selekt\" is no action" },
+        { "a.wav a.wav --render o.wav --script vast.txt", "vast.txt is too long for a script" },
         { "a.wav a.wav --render o.wav --script late.txt", "late.txt, line 3: 1.000 s is not before the end" },
         { "a.wav a.wav --render o.wav --plugins /no", "there is no plug-in /no/DuoJudge.vst3; --plugins names" },
         { "a.wav a.wav --render o.wav --plugins torn", "torn/DuoJudge.vst3 does not load" },
@@ -105,7 +115,7 @@ TEST_F (DeskProgramTest, RendersADefaultSequenceWithoutADisplayThroughALinkAndSh
 TEST_F (DeskProgramTest, SaysHowMuchOfATruncatedFileIsMissing)
 {
     const auto cut = rig.write ("cut.wav", noise (2, 44100, 4));
-    rig.cut (cut, 4410 * 8 + 1);
+    rig.resize (cut, cut.getSize() - (4410 * 8 + 1));
     EXPECT_TRUE (run ("a.wav cut.wav --render o.wav").startsWith ("0 "));
     EXPECT_TRUE (printed.contains ("duojudge-desk: cut.wav lacks its last 4411 samples (0.100 s)")) << printed;
 }
