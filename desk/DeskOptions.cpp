@@ -40,6 +40,8 @@ juce::Result DeskOptions::parse (const juce::StringArray& arguments, DeskOptions
 
         if (word == "--help" || word == "-h")
             options.showsHelp = true;
+        else if (word == "--version")
+            options.showsVersion = true;
         else if (word == "--")
             onlyPaths = true;
         else if (option == std::end (named))
@@ -52,7 +54,7 @@ juce::Result DeskOptions::parse (const juce::StringArray& arguments, DeskOptions
 
     options.renders = options.output != juce::File();
 
-    if (! options.showsHelp)
+    if (! options.showsHelp && ! options.showsVersion)
     {
         if (paths.size() != 2)
             return juce::Result::fail ("a comparison takes two files, not " + juce::String (paths.size()) +
@@ -84,11 +86,16 @@ writes the comparison to a file of A's length, sample-aligned with A.
                           reveal        resume  end         gain DB
                       without it a sequence over the length of A is made up and printed
   --plugins DIR       take DuoJudge.vst3 and BayLinkSend.vst3 from DIR instead of ~/.vst3
-  --help              show this
+  --help, --version   show this, or the version
 
-Keys of the window: space plays and stops, A B X Y listen, Enter chooses, R reveals, E ends.
+Keys of the window: space plays and stops, A B X Y listen, Enter chooses, E ends.
 The exit status is 0, or 2 after an error, which is told in one line.
 )";
+}
+
+juce::String DeskOptions::getVersion()
+{
+    return "duojudge-desk " DUO_VERSION;
 }
 
 }   // namespace desk

@@ -14,12 +14,13 @@ struct DeskOptions
     juce::File script;    // none: the default sequence
     juce::File plugins;   // none: the user's own
     bool renders = false;
-    bool showsHelp = false;
+    bool showsHelp = false, showsVersion = false;
 
     /** Reads the words behind the program's name. @returns what is wrong with them, or success */
     static juce::Result parse (const juce::StringArray& arguments, DeskOptions& result);
 
     static juce::String getUsage();
+    static juce::String getVersion();
 };
 
 }   // namespace desk

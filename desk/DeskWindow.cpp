@@ -50,8 +50,10 @@ void DeskContent::childBoundsChanged (juce::Component* child)
 void DeskContent::timerCallback()
 {
     const auto offRate = player.isOffRate() ? ": not the recordings' rate, nothing is heard" : "";
+    juce::StringArray lines { output.describe() + offRate };
+    lines.addArray (material.getLosses());
 
-    if (const auto text = output.describe() + offRate; std::exchange (outputText, text) != text)
+    if (const auto text = lines.joinIntoString ("; "); std::exchange (outputText, text) != text)
         repaint();
 }
 
@@ -64,7 +66,7 @@ void DeskContent::paint (juce::Graphics& g)
     paintSource (g, sources.withWidth (half), material.a, true);
     paintSource (g, sources.withLeft (sources.getRight() - half), material.b, false);
 
-    g.setColour (output.isOpen() && ! player.isOffRate() ? kFaintText : kNotice);
+    g.setColour (output.isOpen() && ! player.isOffRate() && material.getLosses().isEmpty() ? kFaintText : kNotice);
     g.setFont (juce::Font (kTextSize - 1.0f));
     g.drawFittedText (outputText, area.withTrimmedBottom (kGap).removeFromBottom (kTextHeight),
                       juce::Justification::centred, 1);

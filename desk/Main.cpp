@@ -6,6 +6,7 @@
 #include "platform/Console.h"
 #include "platform/KnownFolders.h"
 
+#include <filesystem>
 #include <iostream>
 #include <new>
 
@@ -15,10 +16,16 @@ namespace
 using namespace desk;
 
 constexpr int kExitError = 2;
+constexpr int kMaxScriptSize = 1 << 24;   // bytes
+
+void warn (const juce::String& what)
+{
+    std::cerr << "duojudge-desk: " << what << std::endl;
+}
 
 int refuse (const juce::String& why)
 {
-    std::cerr << "duojudge-desk: " << why << std::endl;
+    warn (why);
     return kExitError;
 }
 
@@ -29,7 +36,12 @@ juce::Result loadScript (const juce::File& file, Script& script)
     if (text == nullptr)
         return juce::Result::fail (file.getFullPathName() + " cannot be read");
 
-    const auto parsed = Script::parse (text->readEntireStreamAsString(), script);
+    juce::MemoryBlock bytes;
+
+    if (text->readIntoMemoryBlock (bytes, kMaxScriptSize) == kMaxScriptSize)
+        return juce::Result::fail (file.getFullPathName() + " is too long for a script");
+
+    const auto parsed = Script::parse (bytes.toString(), script);
     return parsed.wasOk() ? parsed : juce::Result::fail (file.getFileName() + ", " + parsed.getErrorMessage());
 }
 
@@ -57,6 +69,16 @@ void describeMaterial (const Material& material)
         std::cout << remark << '\n';
 
     std::cout.flush();
+
+    for (const auto& loss : material.getLosses())
+        warn (loss);
+}
+
+bool areSame (const juce::File& first, const juce::File& second)
+{
+    std::error_code error;
+    return std::filesystem::equivalent (first.getFullPathName().toStdString(), second.getFullPathName().toStdString(),
+                                        error);
 }
 
 int renderToFile (const DeskOptions& options)
@@ -68,11 +90,14 @@ int renderToFile (const DeskOptions& options)
         if (const auto loaded = loadScript (options.script, script); loaded.failed())
             return refuse (loaded.getErrorMessage());
 
-    if (options.output == options.fileA || options.output == options.fileB)
-        return refuse ("the output would replace " + options.output.getFullPathName() + ", which is compared");
+    juce::File target;
 
-    if (const auto writable = OfflineRender::checkOutput (options.output); writable.failed())
-        return refuse (writable.getErrorMessage());
+    if (const auto found = OfflineRender::findTarget (options.output, target); found.failed())
+        return refuse (found.getErrorMessage());
+
+    for (const auto& read : { options.fileA, options.fileB, options.script })
+        if (areSame (target, read))
+            return refuse ("the output would replace " + read.getFullPathName() + ", which is read");
 
     Material material;
 
@@ -145,6 +170,12 @@ int main (int argc, char* argv[])
     if (options.showsHelp)
     {
         std::cout << DeskOptions::getUsage();
+        return 0;
+    }
+
+    if (options.showsVersion)
+    {
+        std::cout << DeskOptions::getVersion() << '\n';
         return 0;
     }
 

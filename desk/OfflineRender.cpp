@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <limits>
 #include <tuple>
 
@@ -23,19 +24,42 @@ OfflineRender::OfflineRender (ComparisonGraph& comparison, const Script& script,
                       [] (const Due& first, const Due& second) { return first.position < second.position; });
 }
 
-juce::Result OfflineRender::checkOutput (const juce::File& output)
+juce::Result OfflineRender::findTarget (const juce::File& output, juce::File& target)
 {
-    if (! output.isDirectory() && output.getParentDirectory().isDirectory() && output.hasWriteAccess())
-        return juce::Result::ok();
+    namespace fs = std::filesystem;
+    const auto refused = juce::Result::fail (output.getFullPathName() + " cannot be written");
+    fs::path path (output.getFullPathName().toStdString());
+    std::error_code error;
+    const auto type = fs::status (path, error).type();
 
-    return juce::Result::fail (output.getFullPathName() + " cannot be written");
+    if (type == fs::file_type::none)
+        return refused;   // a ring of links, for one
+
+    if (type != fs::file_type::regular && type != fs::file_type::not_found)
+        return juce::Result::fail (refused.getErrorMessage() + ": it is no plain file");
+
+    while (fs::is_symlink (path, error))
+        path = path.parent_path() / fs::read_symlink (path, error);
+
+    const auto folder = fs::canonical (path.parent_path(), error);
+
+    if (error)
+        return refused;
+
+    target = juce::File ((folder / path.filename()).string());
+    return target.getParentDirectory().hasWriteAccess() && target.hasWriteAccess() ? juce::Result::ok() : refused;
 }
 
 juce::Result OfflineRender::writeTo (const juce::File& output)
 {
     const auto& material = graph.getMaterial();
     const auto refused = juce::Result::fail (output.getFullPathName() + " cannot be written");
-    const juce::TemporaryFile unfinished (output);
+    juce::File target;
+
+    if (const auto found = findTarget (output, target); found.failed())
+        return found;
+
+    const juce::TemporaryFile unfinished (target);
     auto stream = std::make_unique<juce::FileOutputStream> (unfinished.getFile());
 
     if (stream->failedToOpen())
@@ -55,7 +79,14 @@ juce::Result OfflineRender::writeTo (const juce::File& output)
 
     const auto audioBytes = static_cast<juce::int64> (material.getNumSamples()) * graph.getNumChannels() * (bits / 8);
 
-    if (! rendered || unfinished.getFile().getSize() < audioBytes || ! unfinished.overwriteTargetFileWithTemporary())
+    if (! rendered || unfinished.getFile().getSize() < audioBytes)
+        return refused;
+
+    // Meanwhile something else may have come to stand there.
+    juce::File targetNow;
+
+    if (findTarget (output, targetNow).failed() || targetNow != target ||
+        ! unfinished.overwriteTargetFileWithTemporary())
         return refused;
 
     const auto took = std::max (1e-6, (juce::Time::getMillisecondCounterHiRes() - begin) / 1000.0);

@@ -18,8 +18,9 @@ public:
     /** @param script must outlive the render */
     OfflineRender (ComparisonGraph& comparison, const Script& script, ProgressLine& progressLine);
 
-    /** @returns success when `output` looks like a place to write to, to be asked before long work. */
-    static juce::Result checkOutput (const juce::File& output);
+    /** Finds the file that an output stands for, itself or what its links lead to: one that is new, or a plain file that
+        may be replaced; to be asked before long work. @returns in one line why there is none, or success */
+    static juce::Result findTarget (const juce::File& output, juce::File& target);
 
     /** Writes `output`, a WAV file of 32-bit floats, which appears when all of it is written.
         @returns in one line why it could not, or success */

@@ -11,61 +11,12 @@ namespace desk
 namespace
 {
 
-constexpr int kMaxChannels = 2;
-constexpr int kMaxRate = 1536000;   // hertz
-
 juce::String describeRate (int hertz)
 {
     return juce::String (hertz / 1000.0) + " kHz";
 }
 
 }   // namespace
-
-juce::Result Recording::load (const juce::File& file, Recording& result)
-{
-    const auto& path = file.getFullPathName();
-
-    if (! file.exists())
-        return juce::Result::fail ("there is no file " + path);
-
-    if (! file.existsAsFile() || ! file.hasReadAccess())
-        return juce::Result::fail (path + " cannot be read");
-
-    if (file.getSize() == 0)
-        return juce::Result::fail (path + " is empty");
-
-    juce::AudioFormatManager formats;
-    formats.registerBasicFormats();
-    const std::unique_ptr<juce::AudioFormatReader> reader (formats.createReaderFor (file));
-
-    if (reader == nullptr || reader->numChannels < 1)
-        return juce::Result::fail (path + " is no sound file that can be read: WAV, AIFF, FLAC and Ogg Vorbis can");
-
-    // Negated, so that a rate that is no number is refused too.
-    if (! (reader->sampleRate >= 1.0 && reader->sampleRate <= kMaxRate))
-        return juce::Result::fail (path + " names a sample rate outside 1 to " + juce::String (kMaxRate) + " Hz");
-
-    if (reader->lengthInSamples < 1)
-        return juce::Result::fail (path + " holds no audio");
-
-    // Room for the latency and for the sums of the resampler stays within an int.
-    if (reader->lengthInSamples > std::numeric_limits<int>::max() / 2)
-        return juce::Result::fail (path + " is too long");
-
-    Recording recording;
-    recording.name = file.getFileName();
-    recording.fileChannels = static_cast<int> (reader->numChannels);
-    recording.sampleRate = recording.fileSampleRate = juce::roundToInt (reader->sampleRate);
-
-    const auto numSamples = static_cast<int> (reader->lengthInSamples);
-    recording.audio.setSize (std::min (recording.fileChannels, kMaxChannels), numSamples);
-
-    if (! reader->read (recording.audio.getArrayOfWritePointers(), recording.audio.getNumChannels(), 0, numSamples))
-        return juce::Result::fail (path + " is damaged");
-
-    result = std::move (recording);
-    return juce::Result::ok();
-}
 
 void Recording::resample (int newRate)
 {
@@ -98,6 +49,16 @@ juce::String Recording::describe() const
                           : fileChannels == 2 ? juce::String ("stereo")
                                               : juce::String (fileChannels) + " channels";
     return name + ", " + describeRate (fileSampleRate) + ", " + channels;
+}
+
+juce::String Recording::describeLoss() const
+{
+    if (breaksOff)
+        return name + " breaks off: it does not tell how much is missing";
+
+    return numMissing == 0 ? juce::String()
+                           : name + " lacks its last " + juce::String (numMissing) + " samples (" +
+                                 juce::String (static_cast<double> (numMissing) / fileSampleRate, 3) + " s)";
 }
 
 juce::Result Material::load (const juce::File& fileA, const juce::File& fileB, std::optional<int> sampleRate,
@@ -139,7 +100,7 @@ juce::StringArray Material::getRemarks() const
     juce::StringArray remarks;
     const auto remark = [&remarks] (const char* source, const Recording& recording)
     {
-        if (recording.fileChannels > kMaxChannels)
+        if (recording.fileChannels > Recording::kMaxChannels)
             remarks.add (juce::String (source) + " has " + juce::String (recording.fileChannels) +
                          " channels: the first two are heard");
 
@@ -157,6 +118,13 @@ juce::StringArray Material::getRemarks() const
                      (longer > 0.0 ? "longer than A: the rest is not heard" : "shorter than A: silence follows it"));
 
     return remarks;
+}
+
+juce::StringArray Material::getLosses() const
+{
+    juce::StringArray losses { a.describeLoss(), b.describeLoss() };
+    losses.removeEmptyStrings();
+    return losses;
 }
 
 }   // namespace desk

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/OxJuceControlWithHelpers.h"
+#include "platform/AnimationClock.h"
 
 #include <optional>
 
@@ -64,8 +65,7 @@ protected:
 
     /** How far the thumb is lit, 0 to 1: in full under the pointer and for 50 ms after, then less and less for 200 ms
         [render thread]. */
-    float stepThumbFade (juce::Time now);
-    juce::Time getFadeStartTime() const noexcept { return fadeStartTime; }   // 0 with the thumb at rest
+    float stepThumbFade (double moment);
 
 private:
     struct Picture;
@@ -77,8 +77,9 @@ private:
     std::optional<float> getValueAt (const juce::MouseEvent& event) const;
     bool actsForOther() const { return getParameterId() == kNoParam && otherParameterId != kNoParam; }
 
-    Relaxed<juce::Time> fadeStartTime = juce::Time();   // the last moment in full light [render thread]
-    Relaxed<float> thumbLight = 0.0f;                   // as drawn last
+    AnimationClock fadeClock;
+    double litTime = -AnimationClock::kLongestStep;   // the last in full light, of `fadeClock` [render thread]
+    Relaxed<float> thumbLight = 0.0f;                 // as drawn last
     Relaxed<bool> hovered = false;
     juce::Point<int> dragOrigin;        // the pointer at the press
     juce::Rectangle<int> trackBounds;   // in the parent; changed while no frame is drawn

@@ -88,24 +88,15 @@ juce::Rectangle<int> OxJuceSlider::getBar (juce::Rectangle<int> track, juce::Rec
     return {};
 }
 
-float OxJuceSlider::stepThumbFade (juce::Time now)
+float OxJuceSlider::stepThumbFade (double moment)
 {
+    fadeClock.stepTo (moment);
+
     if (hovered && ! isLocked())
-    {
-        fadeStartTime = now;
-        return 1.0f;
-    }
+        litTime = fadeClock.getTime();
 
-    if (fadeStartTime.get() == juce::Time())
-        return 0.0f;
-
-    const auto sinceLit = (now - fadeStartTime).inMilliseconds();
-    const auto level = 1.0f - static_cast<float> (sinceLit - kLitTime) / kDimmingTime;
-
-    if (level <= 0.0f)
-        fadeStartTime = juce::Time();
-
-    return juce::jlimit (0.0f, 1.0f, level);
+    const auto sinceLit = static_cast<float> (fadeClock.getTime() - litTime);
+    return juce::jlimit (0.0f, 1.0f, 1.0f - (sinceLit - kLitTime) / kDimmingTime);
 }
 
 void OxJuceSlider::draw (int)
@@ -119,7 +110,7 @@ void OxJuceSlider::draw (int)
     const auto thumb = getThumbSize();
 
     if (! thumb.isEmpty())
-        thumbLight = stepThumbFade (juce::Time::getCurrentTime());
+        thumbLight = stepThumbFade (AnimationClock::read());
 
     const auto picture = getPicture (bounds, thumb, thumbLight);
     auto& pending = target->glState.pending;

@@ -25,6 +25,9 @@ void DuoJudgeProcessor::prepareAudio (double newSampleRate, int newBlockSize)
     fader.setSampleRate (hertz);
     voteFade.setSampleRate (hertz);
 
+    for (auto& meter : meters)
+        meter.levelPeriodMs = hertz > 0 ? 1000.0f * std::max (meter.kWindowLength, newBlockSize) / hertz : 0.0f;
+
     // Room for a block of any pod, so that the audio thread only moves the buffer's bounds.
     podBuffer->setSize (baylink::kMaxPodChannels, std::max (1, newBlockSize), false, false, true);
 }

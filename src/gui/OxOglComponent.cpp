@@ -210,7 +210,6 @@ void OxOglComponent::renderOpenGL()
 void OxOglComponent::drawFrame (OxJuceEditorBase& owner)
 {
     const OxJuceProfilerItem::Scope profile (owner.getProfilerItem (OxJuceEditorBase::profilesRender));
-    const auto now = juce::Time::getCurrentTime();
 
     if (owner.getTimerInterval() <= 0)
         owner.startGuiTimer();
@@ -223,14 +222,13 @@ void OxOglComponent::drawFrame (OxJuceEditorBase& owner)
     glLoadIdentity();
     owner.onPreRender();
 
-    const auto elapsedMs = juce::jlimit (0.0, 1.0e9, (now - lastFrameTime).inSeconds() * 1000.0);
-    drawBackground (static_cast<int> (elapsedMs));
-    drawnChildren.renderAll (static_cast<int> (elapsedMs));
+    const auto elapsedMs = static_cast<int> (frameClock.stepTo (AnimationClock::read()));
+    drawBackground (elapsedMs);
+    drawnChildren.renderAll (elapsedMs);
     resetGlState();
     glLoadIdentity();
     owner.drawOverlays();
     resetGlState();   // the next clearing knows no scissor
-    lastFrameTime = now;
 }
 
 void OxOglComponent::drawBackground (int)

@@ -8,6 +8,7 @@
 #include "gui/OxOglComponentTexture.h"
 #include "gui/OxOglComponentUser.h"
 #include "gui/OxReadWriteLock.h"
+#include "platform/AnimationClock.h"
 #include "platform/GlWindow.h"
 
 #include <array>
@@ -86,7 +87,7 @@ private:
     OxDrawnChildren drawnChildren { *this };
     const SceneLock scene = std::make_shared<juce::CriticalSection>();
     Relaxed<OxOglComponentTexture*> backgroundTexture = nullptr;   // not owned
-    juce::Time lastFrameTime { juce::Time::getCurrentTime() };
+    AnimationClock frameClock;
     double turnStart = 0.0;                  // milliseconds of the high-resolution counter [render thread]
     juce::WaitableEvent turnsEnd { true };   // nobody waits for the next turn any more
     juce::CriticalSection textureLock;

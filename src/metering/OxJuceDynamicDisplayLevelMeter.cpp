@@ -11,7 +11,7 @@ constexpr float kZoneTolerance = 1.0e-5f;   // dB
 constexpr float kFinestStep = 0.01f;        // dB: a smaller segment would only cost time
 constexpr float kHoldMargin = 10.0f;        // dB that a marker may sink below the bar
 constexpr float kBelowTop = 0.0001f;        // dB: keeps a marker in the topmost segment
-constexpr juce::int64 kBlinkPeriod = 500;   // milliseconds, half of them white
+constexpr double kBlinkPeriod = 500.0;      // milliseconds, half of them white
 constexpr juce::uint8 kMarkerAlpha = 255;
 const juce::Colour kPlaceholderFrame { 0xc8ff80ff };
 
@@ -76,32 +76,30 @@ void OxJuceDynamicDisplayLevelMeter::setGap (int pixels)
 void OxJuceDynamicDisplayLevelMeter::resetHolds()
 {
     const ScopedChange change (*this);
-    const auto now = getTime();
-    hold.reset (now);
-    fastHold.reset (now);
+    hold.reset (clock.getTime());
+    fastHold.reset (clock.getTime());
 }
 
 void OxJuceDynamicDisplayLevelMeter::updateHolds()
 {
     auto* const source = observer.get();
+    clock.stepTo (getMoment());
 
     if (source == nullptr)
         return;
 
-    const auto now = getTime();
     levelDb = source->getLevelDb();
-    hold.feed (levelDb, now);
-    fastHold.feed (levelDb, now);
+    hold.feed (levelDb, clock.getTime());
+    fastHold.feed (levelDb, clock.getTime());
 }
 
 OxJuceDynamicDisplayLevelMeter::Reading OxJuceDynamicDisplayLevelMeter::takeReading()
 {
     updateHolds();
-    const auto now = getTime();
     const auto bottom = getBottomDb(), top = getTopDb();
     const auto markerBottom = marginMode == 1 ? bottom : bottom - kHoldMargin;
-    const auto peak = hold.read (now), fastPeak = fastHold.read (now);
-    const auto isWhite = blinkOver && peak > top && now.toMilliseconds() % kBlinkPeriod < kBlinkPeriod / 2;
+    const auto peak = hold.read (clock.getTime()), fastPeak = fastHold.read (clock.getTime());
+    const auto isWhite = blinkOver && peak > top && std::fmod (getMoment(), kBlinkPeriod) < kBlinkPeriod / 2.0;
     return { between (bottom, top, levelDb), between (markerBottom, top - kBelowTop, peak),
              between (markerBottom, top - kBelowTop, fastPeak), isWhite };
 }
@@ -246,7 +244,7 @@ void OxJuceDynamicDisplayLevelMeter::paintSegment (juce::Graphics& graphics, flo
 juce::Colour OxJuceDynamicDisplayLevelMeter::getPlaceholderColour() const
 {
     const auto lowByte = static_cast<juce::uint8> (reinterpret_cast<juce::pointer_sized_uint> (this));
-    const auto place = static_cast<float> (getTime().getMilliseconds()) * 0.001f + lowByte / 255.0f;
+    const auto place = static_cast<float> (std::fmod (getMoment(), 1000.0)) * 0.001f + lowByte / 255.0f;
     const auto strength = (place > 1.0f ? place - 1.0f : place) * 0.5f + 0.25f;
     const auto channel = static_cast<juce::uint8> (strength * 255.0f);
     return juce::Colour (channel, juce::uint8 { 0 }, channel, juce::uint8 { 50 });

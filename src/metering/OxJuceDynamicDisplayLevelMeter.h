@@ -4,6 +4,7 @@
 #include "controls/OxJuceControl.h"
 #include "metering/OxJuceDynamicDisplay.h"
 #include "metering/OxPeakHold.h"
+#include "platform/AnimationClock.h"
 
 #include <array>
 
@@ -70,8 +71,8 @@ public:
     Relaxed<bool> resetsOnClick = false;
 
 protected:
-    /** The moment of a reading. */
-    virtual juce::Time getTime() const { return juce::Time::getCurrentTime(); }
+    /** The moment of a reading, of the AnimationClock. */
+    virtual double getMoment() const { return AnimationClock::read(); }
 
     /** Called when a setter has changed the scale [message thread]. */
     virtual void invalidateGeometry() {}
@@ -110,5 +111,6 @@ private:
     template <typename Action>
     void forEachSegment (Action&& action);
 
+    AnimationClock clock;       // of the holds
     float levelDb = -1000.0f;   // as read last [render thread]
 };

@@ -4,6 +4,9 @@
 namespace
 {
 
+constexpr float kHighestLevel = 1000.0f;    // 60 dB, above every scale and soon back on it
+constexpr double kShortestPatience = 500;   // milliseconds without a level
+
 float peakOf (const float* samples, int numSamples, float peak)
 {
     for (int i = 0; i < numSamples; ++i)
@@ -28,15 +31,12 @@ float linearToDecibels (float linear)
     return static_cast<float> (linear < 1e-10f ? -1e10 : std::log (static_cast<double> (linear)) / divisor);
 }
 
-OxJuceObserverLevelMeter::OxJuceObserverLevelMeter() : lastReadTime (juce::Time::getCurrentTime().toMilliseconds())
-{
-}
-
 void OxJuceObserverLevelMeter::reset()
 {
     heldLevelDb = noLevelMark;
     blockLevel = silentLevel;
     lastLevel = silentLevel;
+    lastLevelAge = 0.0;
 }
 
 void OxJuceObserverLevelMeter::process (const juce::AudioSampleBuffer& block)
@@ -63,16 +63,31 @@ void OxJuceObserverLevelMeter::process (const juce::AudioSampleBuffer& block)
 
 float OxJuceObserverLevelMeter::getLevelDb()
 {
-    return getLevelDbAt (juce::Time::getCurrentTime());
+    return getLevelDbAt (AnimationClock::read());
 }
 
-float OxJuceObserverLevelMeter::getLevelDbAt (juce::Time now)
+void OxJuceObserverLevelMeter::takeBlockLevel (double elapsedMs)
 {
     const float collected = blockLevel;
+    blockLevel = noLevelMark;
+    lastLevelAge += elapsedMs;
 
-    if (collected != noLevelMark)
-        lastLevel = collected;
+    // What was collected while nobody looked may be as old as that.
+    if (collected >= silentLevel && elapsedMs < AnimationClock::kLongestStep)
+    {
+        lastLevel = std::min (collected, kHighestLevel);
+        lastLevelAge = 0.0;
+    }
+    else if (lastLevelAge >= std::max<double> (kShortestPatience, 2.0f * levelPeriodMs))
+    {
+        lastLevel = silentLevel;
+    }
+}
 
+float OxJuceObserverLevelMeter::getLevelDbAt (double moment)
+{
+    const auto elapsedMs = clock.stepTo (moment);
+    takeBlockLevel (elapsedMs);
     const auto levelDb = linearToDecibels (lastLevel);
 
     if (fallRateDbPerSecond == kNoBallistics)
@@ -81,13 +96,10 @@ float OxJuceObserverLevelMeter::getLevelDbAt (juce::Time now)
     }
     else
     {
-        const auto elapsedMs = static_cast<float> (now.toMilliseconds() - lastReadTime);
-        const auto fallen = heldLevelDb - elapsedMs * direction * fallRateDbPerSecond / 1000.0f;
+        const auto fallen = heldLevelDb - static_cast<float> (elapsedMs) * direction * fallRateDbPerSecond / 1000.0f;
         heldLevelDb = direction * fallen > direction * levelDb ? fallen : levelDb;
     }
 
-    lastReadTime = now.toMilliseconds();
-    blockLevel = noLevelMark;
     return readingOffsetDb + heldLevelDb;
 }
 

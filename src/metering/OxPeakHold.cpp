@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "metering/OxPeakHold.h"
 
+#include <cmath>
+
 namespace
 {
 
@@ -8,16 +10,16 @@ constexpr float kBeyondAnyLevel = 1000.0f;   // dB
 
 }   // namespace
 
-void OxPeakHold::reset (juce::Time now)
+void OxPeakHold::reset (double now)
 {
     value = direction == 1.0f ? -kBeyondAnyLevel : kBeyondAnyLevel;
     lastTime = now;
     falling = true;
 }
 
-void OxPeakHold::feed (float levelDb, juce::Time now)
+void OxPeakHold::feed (float levelDb, double now)
 {
-    if (! (direction * levelDb > direction * value))
+    if (! std::isfinite (levelDb) || direction * levelDb <= direction * value)
         return;
 
     value = levelDb;
@@ -25,9 +27,9 @@ void OxPeakHold::feed (float levelDb, juce::Time now)
     falling = false;
 }
 
-float OxPeakHold::read (juce::Time now)
+float OxPeakHold::read (double now)
 {
-    auto elapsedMs = static_cast<float> ((now - lastTime).inMilliseconds());
+    auto elapsedMs = static_cast<float> (now - lastTime);
 
     if (! falling)
     {

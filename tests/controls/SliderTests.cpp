@@ -44,15 +44,16 @@ TEST (SliderTest, StaysLitForFiftyMillisecondsAndDimsForTwoHundred)
     Slider slider;
     Hand hand (slider);
     hand.play ("enter");
-    EXPECT_EQ (slider.stepThumbFade (juce::Time (1000)), 1.0f);
+    auto now = AnimationClock::read();
+    EXPECT_EQ (slider.stepThumbFade (now), 1.0f);
     hand.play ("exit");
 
-    for (const auto& [now, light] :
-         { std::pair (991, 1.0f), { 1050, 1.0f }, { 1100, 0.75f }, { 1249, 0.005f }, { 1250, 0.0f } })
-        EXPECT_NEAR (slider.stepThumbFade (juce::Time (now)), light, 1.0e-6f) << now;
+    for (const auto& [ms, light] :
+         { std::pair (-9.0, 1.0f), { 50.0, 1.0f }, { 50.0, 0.75f }, { 149.0, 0.005f }, { 1.0, 0.0f }, { 1.0, 0.0f } })
+        EXPECT_NEAR (slider.stepThumbFade (now += ms), light, 1.0e-6f) << ms;
 
     hand.play ("lock | enter");
-    EXPECT_EQ (slider.stepThumbFade (juce::Time (1300)), 0.0f);
+    EXPECT_EQ (slider.stepThumbFade (now + 50.0), 0.0f);
 }
 
 }   // namespace

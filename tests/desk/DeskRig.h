@@ -38,6 +38,23 @@ struct DeskRig
         return target;
     }
 
+    /** Ends a file after so many bytes, more than it has or fewer. */
+    static void resize (const juce::File& target, juce::int64 numBytes)
+    {
+        juce::FileOutputStream stream (target);
+        EXPECT_TRUE (stream.setPosition (numBytes) && stream.truncate().wasOk());
+    }
+
+    /** Replaces bytes of a file, a distance behind the first `mark`. */
+    static void patch (const juce::File& target, const char* mark, int distance, std::initializer_list<char> bytes)
+    {
+        juce::MemoryBlock content;
+        target.loadFileAsData (content);
+        const auto found = std::search (content.begin(), content.end(), mark, mark + std::strlen (mark));
+        std::copy (bytes.begin(), bytes.end(), found + distance);
+        target.replaceWithData (content.getData(), content.getSize());
+    }
+
     static std::unique_ptr<desk::ComparisonGraph> makeGraph (const desk::Material& material)
     {
         std::unique_ptr<desk::ComparisonGraph> graph;

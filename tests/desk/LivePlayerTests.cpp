@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "DeskOptions.h"
 #include "DeskRig.h"
+#include "JudgeKeys.h"
 #include "LivePlayer.h"
 
 constexpr int kLoop = 10007, kLatency = 4096;   // samples
@@ -77,4 +79,17 @@ TEST_F (LivePlayerTest, IsSilentWhileTheDeviceRunsAtAnotherRate)
     EXPECT_TRUE (player.isOffRate());
     player.deviceStarts (DeskRig::kRate);
     expectLoop (kLoop, material.a.audio, kLatency, 0);
+}
+
+TEST_F (LivePlayerTest, TheHelpPromisesTheKeysThatActAndNoOther)
+{
+    const auto help = desk::DeskOptions::getUsage().fromFirstOccurrenceOf ("Keys of the window:", false, false);
+    const auto promised = juce::StringArray::fromTokens (help.upToFirstOccurrenceOf ("\n", false, false), " ,.", {});
+    desk::JudgeKeys keys (*graph);
+
+    for (juce::juce_wchar letter = 'A'; letter <= 'Z'; ++letter)
+    {
+        const auto acts = keys.actOnKey ({ static_cast<int> (letter), {}, letter });
+        EXPECT_EQ (acts, promised.contains (juce::String::charToString (letter))) << char (letter);
+    }
 }

@@ -73,6 +73,41 @@ TEST_F (RenderTest, RevealsEveryVoteForTheSourceThatWasHeard)
     EXPECT_EQ (DeskRig::findFault (out, forA >= 2 ? a : b, revealed, kLength), kLength);
 }
 
+TEST (RecordingTest, HoldsWhatATruncatedFileHasAndTellsWhatItLacks)
+{
+    DeskRig rig;
+
+    for (const auto& [name, channels] :
+         { std::pair ("a.wav", 2), { "a.wav", 1 }, { "a.aiff", 2 }, { "a.flac", 1 }, { "a.flac", 2 }, { "a.ogg", 2 } })
+    {
+        const auto whole = noise (channels, kLength, 6);
+        const auto file = rig.write (name, whole);
+        desk::Recording recording;
+
+        for (const juce::int64 bytes : { juce::int64 (0), juce::int64 (1), file.getSize() / 3 })
+        {
+            DeskRig::resize (file, file.getSize() - bytes);
+            ASSERT_EQ (desk::Recording::load (file, recording).getErrorMessage(), "");
+            const auto numSamples = recording.audio.getNumSamples();
+            EXPECT_EQ (recording.describeLoss().isEmpty(), bytes == 0) << name << recording.describeLoss();
+
+            if (! file.hasFileExtension ("ogg"))
+            {
+                EXPECT_EQ (numSamples + recording.numMissing, kLength) << name;
+                EXPECT_EQ (DeskRig::findFault (recording.audio, whole, 0, numSamples), numSamples) << name;
+                EXPECT_GT (numSamples, kLength / 3) << name;
+            }
+        }
+    }
+
+    // A pipe's writer promises all that the format can tell of.
+    const auto file = rig.write ("a.wav", noise (2, kLength));
+    DeskRig::patch (file, "data", 4, { -1, -1, -1, -1 });
+    desk::Recording recording;
+    EXPECT_EQ (desk::Recording::load (file, recording).getErrorMessage() + recording.describeLoss(), "");
+    EXPECT_EQ (recording.audio.getNumSamples(), kLength);
+}
+
 TEST (RecordingTest, ResampledKeepsInPhaseWhatTheNewRateHoldsAndNothingElse)
 {
     const auto sine = [] (double hertz, int rate, int i)

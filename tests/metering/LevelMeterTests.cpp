@@ -25,10 +25,10 @@ struct Timed : Scalable, private OxJuceObserver
     void process (const juce::AudioSampleBuffer&) override {}
     float getLevelDb() override { return level; }
     float getInstantLevelDb() override { return level; }
-    juce::Time getTime() const override { return juce::Time (now); }
+    double getMoment() const override { return now; }
 
     Relaxed<float> level = silence;
-    Relaxed<juce::int64> now = juce::Time::currentTimeMillis() / 500 * 500 + 500;   // before any blinking
+    Relaxed<double> now = std::ceil (AnimationClock::read() / 500.0) * 500.0;   // before any blinking
 };
 
 /** Writes down the segments that it paints. */
@@ -74,13 +74,14 @@ TEST (LevelMeterDisplayTest, FitsWholeSegmentsToAnySize)
     }
 }
 
-TEST (LevelMeterDisplayTest, HoldsItsPeakForTwoSecondsAndLetsItFallOutOfSight)
+TEST (LevelMeterDisplayTest, HoldsItsPeakForTwoSecondsAndLetsItFallOutOfSightWhateverTheClockDoes)
 {
     Meter meter;
     const auto start = meter.now.get();
-    const std::array<float, 3> rows[] { { 0, -5, -5 },        { 1999, silence, -5 },  { 2000, silence, -5 },
-                                        { 2090, NAN, -6.5f }, { 2750, silence, -15 }, { 3200, silence, 1 },
-                                        { 9001, -2, -2 },     { 9002, -9, -2 } };
+    const std::array<float, 3> rows[] { { 0, -5, -5 },        { 1999, silence, -5 },   { 2000, silence, -5 },
+                                        { 2090, NAN, -6.5f }, { 2750, INFINITY, -15 }, { 3200, silence, 1 },
+                                        { 9001, -2, -2 },     { 9002, -9, -2 },        { -3.6e6f, -9, -2 },
+                                        { -3598001, -9, -2 }, { -3597911, -9, -3.5f } };
 
     for (const auto& [ms, level, marker] : rows)
     {
@@ -107,7 +108,7 @@ TEST (LevelMeterDisplayTest, ColoursSegmentsByZoneLevelAndMarkerWhichBlinksAbove
     {
         Meter meter;
         meter.level = level, meter.now += ms;
-        meter.hold.feed (peak, meter.getTime()), meter.take();
+        meter.hold.feed (peak, 0.0), meter.take();
         EXPECT_EQ (meter.colours[at], colour) << level << " at " << at << ", " << ms << " ms";
     }
 }
@@ -120,7 +121,7 @@ TEST (LevelMeterDisplayTest, ShowsTheSamePictureByBothRenderers)
     meter.tickColour = juce::Colour (0xff969696);
     meter.showTicks = meter.ticksRight = true, meter.tickOffsetRight = juce::Point (12, 0);
     meter.setBounds (30, 10, 20, 207);
-    meter.level = -5.1f, meter.hold.feed (-2.2f, meter.getTime());
+    meter.level = -5.1f, meter.hold.feed (-2.2f, 0.0);
     rig.add (meter);
     const auto twin = [&] { return painted (80, 230, [&] (auto& g) { g.setOrigin (30, 10), meter.paint (g); }); };
     const auto picture = rig.picture();

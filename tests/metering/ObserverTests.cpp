@@ -75,25 +75,68 @@ TEST (LevelMeterTest, WatchesTheSignalThatItsChannelNames)
     }
 }
 
-TEST (LevelMeterTest, RisesAtOnceFallsByItsReadersClockAndOutlivesWhatIsNotANumber)
+/** A user's eye on a meter that falls at the product's rate, and the time between two looks. */
+struct Watch
 {
-    OxJuceObserverRmsMeter meter;
-    meter.channel = 0;
-    meter.readingOffsetDb = 3.0f;
-    meter.fallRateDbPerSecond = 40.0f / 3.0f;
-    const auto start = juce::Time::getCurrentTime();
-
-    const std::array<float, 4> rows[] { { 1.0f, 0.0f, 3.0f, 3.0f },        { 0.0f, 750.0f, -7.0f, -1e10f },
-                                        { 0.0f, 1500.0f, -17.0f, -1e10f }, { 0.1f, 1500.0f, -17.0f, -17.0f },
-                                        { 1.0f, 1501.0f, 3.0f, 3.0f },     { NAN, 1502.0f, NAN, NAN },
-                                        { 1.0f, 1503.0f, 3.0f, 3.0f } };
-
-    for (const auto& [level, ms, held, instant] : rows)
+    explicit Watch (OxJuceObserverLevelMeter& watched) : meter (watched)
     {
-        meter.process (constant ({ level }));
-        const auto read = meter.getLevelDbAt (start + juce::RelativeTime (ms / 1000.0));
-        EXPECT_TRUE (std::isnan (held) ? std::isnan (read) : std::abs (read - held) < 1e-3f) << ms << ": " << read;
-        EXPECT_TRUE (std::isnan (instant) || std::abs (meter.getInstantLevelDb() - instant) < 1e-3f) << ms;
+        meter.channel = 0;
+        meter.readingOffsetDb = 3.0f;
+        meter.fallRateDbPerSecond = 40.0f / 3.0f;
+    }
+
+    float after (double milliseconds) { return meter.getLevelDbAt (now += milliseconds); }
+
+    OxJuceObserverLevelMeter& meter;
+    double now = AnimationClock::read();
+};
+
+TEST (LevelMeterTest, RisesAtOnceFallsByItsReadersClockAndOutlivesWhatIsNoLevel)
+{
+    constexpr float silent = -1e10f, hour = 3.6e6f;
+    const struct
+    {
+        float level, ms, held, instant;   // fed, since the last look, read in dB
+    } rows[] { { 1.0f, 0, 3, 3 },         { 0.0f, 750, -7, silent },   { 0.0f, 750, -17, silent },
+               { 0.1f, 0, -17, -17 },     { 1.0f, 1, 3, 3 },           { NAN, 75, 3, 3 },
+               { INFINITY, 1, 63, 63 },   { 2e19f, 1500, 63, 63 },     { -1e30f, 1500, 63, 63 },
+               { 0.0f, 750, 53, silent }, { 0.0f, -hour, 53, silent }, { 0.0f, 750, 43, silent },
+               { 1.0f, 9999, 3, 3 } };
+
+    OxJuceObserverLevelMeter peakMeter;
+    OxJuceObserverRmsMeter rmsMeter;
+
+    for (auto* const meter : { &peakMeter, static_cast<OxJuceObserverLevelMeter*> (&rmsMeter) })
+    {
+        Watch watch (*meter);
+
+        for (const auto& row : rows)
+        {
+            meter->process (constant ({ row.level }));
+            EXPECT_NEAR (watch.after (row.ms), row.held, 2e-3f) << row.level << " after " << row.ms;
+            EXPECT_NEAR (meter->getInstantLevelDb(), row.instant, 2e-3f) << row.level;
+        }
+    }
+}
+
+TEST (LevelMeterTest, FallsAsForSilenceWhenNobodyProcessesForTheTimeOfTwoLevels)
+{
+    constexpr double hour = 3.6e6;
+
+    for (const auto& [period, patience] : { std::pair (85.0f, 500.0), { 400.0f, 800.0 } })
+    {
+        OxJuceObserverRmsMeter meter;
+        Watch watch (meter);
+        meter.levelPeriodMs = period;
+        meter.process (constant ({ 1.0f }));
+        EXPECT_EQ (watch.after (90.0), 3.0f);
+        EXPECT_EQ (watch.after (patience - 1.0), 3.0f) << period;
+        EXPECT_NEAR (watch.after (75.0), 2.0f, 1e-3f) << period;
+        EXPECT_NEAR (watch.after (750.0), -8.0f, 1e-3f) << period;
+        meter.process (constant ({ 1.0f }));
+        EXPECT_EQ (watch.after (1.0), 3.0f);
+        meter.process (constant ({ 1.0f }));   // and then the window is closed
+        EXPECT_LT (watch.after (hour), -100.0f);
     }
 }
 

@@ -1,0 +1,1 @@
+/tmp/temp_ee8904c3.desk/ring
