@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <deque>
 #include <functional>
+#include <memory>
 
 #include <juce_core/juce_core.h>
 
@@ -26,10 +26,23 @@ public:
 
     using Tell = std::function<void (Kind kind, int id)>;
 
-    explicit HostNotices (Tell tellHost) : tell (std::move (tellHost)) {}
+    /** Has somebody run it, here or elsewhere, now or later. */
+    using Run = std::function<void (std::function<void()>)>;
+
+    explicit HostNotices (Tell tellHost);
+    ~HostNotices();
+
+    HostNotices (const HostNotices&) = delete;
+    HostNotices& operator= (const HostNotices&) = delete;
+
+    /** Where telling is done from now on, if not on the thread that comes with a notice [while nothing is told]. */
+    void setRunner (Run newRun);
 
     /** Tells it, now or as soon as may be. */
     void add (Kind kind, int id);
+
+    /** Waits until no call of the host is under way that began before, if it is not this thread's own. */
+    void finish();
 
     /** Holds a lock under which its thread tells nothing. */
     class ScopedLock
@@ -47,17 +60,9 @@ public:
     };
 
 private:
-    struct Notice
-    {
-        Kind kind;
-        int id;
-    };
-
+    struct Waiting;
     void tellAll();
 
-    const Tell tell;
-    juce::CriticalSection mutex;   // of all below; nothing is called while it is held
-    std::deque<Notice> waiting;
-    juce::Array<juce::Thread::ThreadID> holders;   // of a `ScopedLock`, once for each
-    bool isTelling = false;
+    const std::shared_ptr<Waiting> state;   // as long as somebody may run it
+    Run run;
 };

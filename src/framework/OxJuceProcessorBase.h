@@ -61,12 +61,14 @@ public:
         next step: as of a step that is done already, and of the value that stands by then. */
     void setParamInSound (int id, float value) noexcept { writeInSound (id, value, ParamOrigin::consequence); }
 
-    /** Calls `tell (id, value)` for what the host has yet to hear of such writes, so that a block can bring it [any thread,
-        the audio thread too]. What `tell` gives false for waits for the next tick. */
+    /** Calls `tell (id, value)` for what such writes have changed since the last call, for formats whose blocks can give it
+        back [any thread, the audio thread too]. What `tell` gives false for comes again. The tick tells the host as well:
+        some keep what a block gives back from those who ask them. */
     template <typename Tell>
     void takeSoundChanges (Tell&& tell)
     {
-        soundChanges.takeUntold (numParams, [&] (int id) { return tell (id, parameter (id).value.get()); });
+        soundChanges.takeUntold (SoundChanges::byBlock, numParams,
+                                 [&] (int id) { return tell (id, parameter (id).value.get()); });
     }
 
     /** Writes all normal parameters from `set` as the user would, and makes it the set that a reset returns to [any
@@ -85,6 +87,9 @@ public:
 
     /** Tells the host that names, programs or the like are others now [any thread but the audio thread]. */
     void tellDisplayChanged() { hostNotices.add (HostNotices::Kind::display, kNoParam); }
+
+    /** What tells the host: for an adapter to set, and to wait for before a listener goes. */
+    HostNotices& getHostNotices() noexcept { return hostNotices; }
 
     // Gestures: for the editor, and for what a user's write takes along [any thread] -----------------------------------
 

@@ -60,7 +60,8 @@ void OxJuceProcessorBase::recordSoundChanges()
     if (isPerformingUndoRedo())
         return;   // at the next step
 
-    takeSoundChanges ([this] (int id, float) { return hostNotices.add (HostNotices::Kind::value, id), true; });
+    soundChanges.takeUntold (SoundChanges::byTick, numParams,
+                             [this] (int id) { return hostNotices.add (HostNotices::Kind::value, id), true; });
     soundChanges.drain (
         [this] (int id, float before, float after)
         {

@@ -25,8 +25,11 @@ void SoundChanges::add (int id, float before, float after) noexcept
 
 void SoundChanges::setUntold (int id) noexcept
 {
-    records[static_cast<std::size_t> (id)].untold = true;
-    anyUntold = true;
+    for (const auto way : { byBlock, byTick })
+    {
+        records[static_cast<std::size_t> (id)].untold[way] = true;
+        anyUntold[way] = true;
+    }
 }
 
 bool SoundChanges::push (const Change& change) noexcept

@@ -7,7 +7,7 @@
 
     The history gets each of them, oldest first, through a queue. Where that is full, the changes of a parameter become one,
     from the value before the first to the one after the last, which comes behind the queue. The host gets the value that
-    stands when somebody comes to tell it, once. */
+    stands when it is told. */
 class SoundChanges
 {
 public:
@@ -36,20 +36,28 @@ public:
                     hear (id, span.before, span.after);
     }
 
-    /** The host has yet to hear of a parameter [any thread, the audio thread too]. */
+    /** By whom the host hears of a parameter. */
+    enum Way : std::size_t
+    {
+        byBlock,   // with what a block gives back, where the format has room for it
+        byTick
+    };
+
+    /** The host has yet to hear of a parameter, by either way [any thread, the audio thread too]. */
     void setUntold (int id) noexcept;
 
-    /** Calls `tell (id)` for each parameter below `numParams` that the host has yet to hear of [any thread, the audio thread
-        too]. From where it gives true the parameter counts as told, by this thread alone. */
+    /** Calls `tell (id)` for each parameter below `numParams` that the host has yet to hear of by this way [any thread, the
+        audio thread too]. From where it gives true the parameter counts as told. */
     template <typename Tell>
-    void takeUntold (int numParams, Tell&& tell)
+    void takeUntold (Way way, int numParams, Tell&& tell)
     {
-        if (! anyUntold.load (std::memory_order_relaxed) || ! anyUntold.exchange (false))
+        if (! anyUntold[way].load (std::memory_order_relaxed) || ! anyUntold[way].exchange (false))
             return;
 
         for (int id = 0; id < numParams; ++id)
-            if (records[static_cast<std::size_t> (id)].untold.exchange (false) && ! tell (id))
-                setUntold (id);
+            if (auto& untold = records[static_cast<std::size_t> (id)].untold[way];
+                untold.exchange (false) && ! tell (id))
+                anyUntold[way] = untold = true;
     }
 
 private:
@@ -77,7 +85,7 @@ private:
 
     struct Record
     {
-        std::atomic<bool> untold { false };
+        std::atomic<bool> untold[2] {};           // by each way
         std::atomic<Span> overflow { Span {} };   // all that has come since the queue was full
     };
 
@@ -87,6 +95,6 @@ private:
     std::array<Cell, kCapacity> cells;
     std::atomic<juce::uint32> nextWritten { 0 };
     juce::uint32 nextRead = 0;   // of the thread that drains
-    std::atomic<bool> anyOverflowed { false }, anyUntold { false };
+    std::atomic<bool> anyOverflowed { false }, anyUntold[2] {};
     std::array<Record, kMaxParams> records;
 };

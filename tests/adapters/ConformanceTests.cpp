@@ -236,6 +236,21 @@ TEST_P (ConformanceTest, KeepsTheAudioThreadFreeThroughVotesAutomationAndChanges
     }
 }
 
+TEST_P (ConformanceTest, LetsAHostGuardWhatItIsToldAndItsWindowByOneLock)
+{
+    ParentWindow parent;
+    const auto form = makeForm();
+    form->start (44100.0, 64);
+
+    const std::unique_lock held (hostLock);
+    hostCalls = 0;
+    form->set (4, 1.0f);   // flips the third parameter, of which a tick tells
+    await ([] { return hostCalls > 0; });
+    const auto size = form->open (parent.window);
+    await ([&] { return parent.getContentSize() == size; });
+    form->load (form->save()), form->close();
+}
+
 TEST_P (ConformanceTest, BringsASessionOfAnyFormatBack)
 {
     const auto loaded = makeForm();

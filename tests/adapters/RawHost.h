@@ -19,10 +19,17 @@
 using namespace Steinberg;
 using namespace Steinberg::Vst;
 
-/** Every call by which a plug-in tells its host something comes by here: none may come from a watched thread. */
-inline void countHostCall()
+/** A host's own lock, which it takes in every call by which a plug-in tells it something, and may hold when it calls. */
+inline std::recursive_timed_mutex hostLock;
+inline std::atomic<int> hostCalls { 0 };
+
+/** Comes first in every such call: none may come from a watched thread. */
+inline void enterHost()
 {
     AudioThreadGuard::note (&AudioThreadGuard::Counts::hostCalls);
+    ++hostCalls;
+    const std::unique_lock held (hostLock, std::chrono::seconds (10));
+    EXPECT_TRUE (held) << "host and plug-in wait for each other";
 }
 
 /** The latest value that a host was told of each parameter, on whatever thread. */
@@ -30,7 +37,7 @@ struct Edits
 {
     void add (int id, double value)
     {
-        countHostCall();
+        enterHost();
         const std::lock_guard<std::mutex> lock (mutex);
         values[id] = value;
     }
@@ -118,13 +125,13 @@ struct Host final : HostObject<IComponentHandler, IPlugFrame, Linux::IRunLoop>
         const auto hidden = ! loop && FUnknownPrivate::iidEqual (wanted, Linux::IRunLoop::iid);
         return hidden ? (*object = nullptr, kNoInterface) : HostObject::queryInterface (wanted, object);
     }
-    tresult PLUGIN_API beginEdit (ParamID) override { return countHostCall(), kResultOk; }
+    tresult PLUGIN_API beginEdit (ParamID) override { return enterHost(), kResultOk; }
     tresult PLUGIN_API performEdit (ParamID id, ParamValue value) override
     {
         return edits.add (int (id), value), kResultOk;
     }
-    tresult PLUGIN_API endEdit (ParamID) override { return countHostCall(), kResultOk; }
-    tresult PLUGIN_API restartComponent (int32) override { return countHostCall(), kResultOk; }
+    tresult PLUGIN_API endEdit (ParamID) override { return enterHost(), kResultOk; }
+    tresult PLUGIN_API restartComponent (int32) override { return enterHost(), kResultOk; }
     tresult PLUGIN_API resizeView (IPlugView* view, ViewRect* size) override { return view->onSize (size); }
     tresult PLUGIN_API registerEventHandler (Linux::IEventHandler* handler, int descriptor) override
     {

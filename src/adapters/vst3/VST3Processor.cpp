@@ -207,7 +207,7 @@ void VST3Processor::applyParameterChanges (IParameterChanges& changes)
     }
 }
 
-/** Tells the host at once what the sound has changed, so that no tick has to. */
+/** Gives back what the sound has changed. */
 void VST3Processor::tellParameterChanges (IParameterChanges& changes, int32 numSamples)
 {
     judge().takeSoundChanges (
