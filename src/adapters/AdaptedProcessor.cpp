@@ -7,6 +7,13 @@ AdaptedProcessor::AdaptedProcessor (int wrapperType)
 {
     const MessageThread::Lock lock;
     processor = createPluginFilter (wrapperType);
+    processor->getHostNotices().setRunner (MessageThread::callHost);
+}
+
+void AdaptedProcessor::removeListener (juce::AudioProcessorListener& listener)
+{
+    processor->removeListener (&listener);
+    processor->getHostNotices().finish();
 }
 
 juce::AudioChannelSet AdaptedProcessor::layoutOf (int numChannels)

@@ -30,6 +30,10 @@ public:
 
     DuoJudgeProcessor& get() const noexcept { return *processor; }
 
+    /** Adds or removes a listener; one that is removed is in no call any more [any thread]. */
+    void addListener (juce::AudioProcessorListener& listener) { processor->addListener (&listener); }
+    void removeListener (juce::AudioProcessorListener& listener);
+
     /** The layout that the processor is told where the host tells no more than a number of channels. */
     static juce::AudioChannelSet layoutOf (int numChannels);
 

@@ -4,6 +4,7 @@
 #include "platform/EventWait.h"
 #include "platform/Relaxed.h"
 
+#include <deque>
 #include <list>
 #include <mutex>
 
@@ -27,6 +28,58 @@ std::mutex waitMutex;                                       // of both lists, an
 Staying<std::list<const ToolkitLock*>> waiting;             // for our own thread to hold still
 Staying<std::list<std::unique_ptr<ToolkitLock>>> retired;   // our own thread may still be leaving a call of these
 
+/** Calls the host in place of our own thread. It runs from the first call on. */
+class HostCaller : private juce::Thread
+{
+public:
+    HostCaller() : Thread ("Duo Judge tells") {}
+
+    ~HostCaller() override
+    {
+        signalThreadShouldExit();
+        notify();
+        stopThread (-1);
+    }
+
+    void add (std::function<void()> call)
+    {
+        {
+            const std::lock_guard<std::mutex> guard (callMutex);
+            calls.push_back (std::move (call));
+        }
+
+        startThread();   // if it does not run
+        notify();
+    }
+
+private:
+    void run() override
+    {
+        while (! threadShouldExit())
+            if (const auto call = takeCall())
+                call();
+            else
+                wait (-1);
+    }
+
+    std::function<void()> takeCall()
+    {
+        const std::lock_guard<std::mutex> guard (callMutex);
+
+        if (calls.empty())
+            return {};
+
+        auto call = std::move (calls.front());
+        calls.pop_front();
+        return call;
+    }
+
+    std::mutex callMutex;   // of the calls
+    std::deque<std::function<void()>> calls;
+};
+
+Relaxed<juce::Thread::ThreadID> ownThreadId = nullptr;
+
 /** Waits for the toolkit's events and runs them. */
 class OwnThread : private juce::Thread
 {
@@ -49,6 +102,7 @@ public:
 private:
     void run() override
     {
+        ownThreadId = getThreadId();
         juce::MessageManager::getInstance()->setCurrentThreadAsMessageThread();
         ready.signal();
 
@@ -73,9 +127,18 @@ std::mutex mutex;   // of all below
 int numUsers = 0;
 std::atomic<int> numLoans { 0 };
 Staying<std::unique_ptr<OwnThread>> ownThread;
+Staying<std::unique_ptr<HostCaller>> hostCaller;   // as long as the toolkit is up
 Relaxed<bool> hostRunsEvents = false;
 
 }   // namespace
+
+void MessageThread::callHost (std::function<void()> call)
+{
+    if (juce::Thread::getCurrentThreadId() == ownThreadId)
+        hostCaller.value->add (std::move (call));
+    else
+        call();
+}
 
 void MessageThread::runEvents()
 {
@@ -105,6 +168,7 @@ MessageThread::User::User()
         return;
 
     juce::initialiseJuce_GUI();
+    hostCaller.value = std::make_unique<HostCaller>();
     ownThread.value = std::make_unique<OwnThread>();
 }
 
@@ -120,6 +184,7 @@ MessageThread::User::~User()
     retired.value.clear();
     hostRunsEvents = false;
     runEvents();
+    hostCaller.value.reset();
     juce::shutdownJuce_GUI();
 }
 

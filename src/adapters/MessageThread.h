@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include <juce_events/juce_events.h>
@@ -55,6 +56,10 @@ public:
         Loan (const Loan&) = delete;
         Loan& operator= (const Loan&) = delete;
     };
+
+    /** Runs a call that a host may answer when it likes: here, or for our own message thread, which must never keep a host
+        waiting for the lock, on a thread for such calls, one after the other. */
+    static void callHost (std::function<void()> call);
 
     /** Runs what is posted already, on the thread that calls this, as the message thread. */
     static void runEvents();

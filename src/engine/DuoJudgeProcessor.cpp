@@ -79,7 +79,7 @@ void DuoJudgeProcessor::requestUpdate()
         deferredUpdateState = 2;
 }
 
-void DuoJudgeProcessor::parameterChanged (int paramId)
+void DuoJudgeProcessor::parameterChanged (int paramId, ParamOrigin origin)
 {
     const auto& record = parameter (paramId);
     const float value = record.value;
@@ -100,7 +100,7 @@ void DuoJudgeProcessor::parameterChanged (int paramId)
             crossfadePending = true;
             break;
         case ToggleXY:
-            setParamUndoable (ToggleAB, parameter (ToggleAB).value == 0.0f ? 1.0f : 0.0f, true);
+            flipSource (origin);
             break;
         case Choose:
             if (value == 0.0f)
@@ -120,6 +120,17 @@ void DuoJudgeProcessor::parameterChanged (int paramId)
             requestUpdate();
             break;
     }
+}
+
+void DuoJudgeProcessor::flipSource (ParamOrigin origin)
+{
+    const auto flipped = parameter (ToggleAB).value == 0.0f ? 1.0f : 0.0f;
+
+    // What is written as a whole holds the selection as well.
+    if (origin == ParamOrigin::user)
+        setParamUndoable (ToggleAB, flipped, true, ParamOrigin::consequence);
+    else if (origin == ParamOrigin::host || origin == ParamOrigin::consequence)
+        setParamInSound (ToggleAB, flipped);
 }
 
 void DuoJudgeProcessor::countVote()
@@ -146,7 +157,7 @@ void DuoJudgeProcessor::clearVotes()
 
 void DuoJudgeProcessor::drawSource()
 {
-    setParamUndoable (ToggleAB, static_cast<float> (coin() & 1), true);
+    setParamInSound (ToggleAB, static_cast<float> (coin() & 1));
 }
 
 void DuoJudgeProcessor::writeExtraState (juce::XmlElement& xml)

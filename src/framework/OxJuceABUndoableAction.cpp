@@ -33,11 +33,11 @@ bool OxJuceABUndoableAction::apply (float value, const OxParamSet& live, const O
     }
     else
     {
-        processor->setParamDirect (paramId, value, false);
+        processor->setParamDirect (paramId, value, false, processor->originOfStep (ParamOrigin::swap));
         processor->setSides (live, alternate);
     }
 
-    processor->updateHostDisplay();
+    processor->tellDisplayChanged();
     processor->guiUpdatePending = true;
     return true;
 }

@@ -105,7 +105,7 @@ bool OxJucePreset::save()
     saved = file != juce::File() && parse (text.toRawUTF8(), size) != nullptr &&
             platform::replaceFile (file, text.toRawUTF8(), size);
     processor->changeProgramName (processor->getCurrentProgram(), getName());
-    processor->updateHostDisplay();
+    processor->tellDisplayChanged();
     return saved;
 }
 
@@ -170,11 +170,11 @@ bool OxJucePreset::apply()
         return false;
 
     // The current program is where the parameters live, so that it holds the preset from here on.
-    processor->applyParamSet (values, true);
+    processor->applyParamSet (values, true, ParamOrigin::preset);
     processor->setExtraStateBlock (specificData.getData(), static_cast<int> (specificData.getSize()));
     processor->sendAutomatableParams();
     processor->changeProgramName (processor->getCurrentProgram(), getName());
-    processor->updateHostDisplay();
+    processor->tellDisplayChanged();
     applied = true;
     return true;
 }

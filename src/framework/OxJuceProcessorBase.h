@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "framework/CDelayFilter.h"
+#include "framework/BypassLines.h"
+#include "framework/HostNotices.h"
 #include "framework/OxJuceChannelUser.h"
 #include "framework/OxJucePreset.h"
+#include "framework/OxJuceProcessorAnswers.h"
 #include "framework/OxJuceProcessorHooks.h"
 #include "framework/OxJuceProfilerItem.h"
-#include "framework/OxParamRecord.h"
+#include "framework/OxJuceUndoableAction.h"
+#include "framework/SoundChanges.h"
 
 #include <deque>
 
-#include <juce_audio_processors/juce_audio_processors.h>
 #include <juce_data_structures/juce_data_structures.h>
 
 /** What every product of the family stands on: parameters with their history, programs and presets, saved states, and all
@@ -20,7 +22,7 @@
     from 9000 on with the machine; from 9100 on with the instance. Records have no lock: any thread may read and write them.
     The product gives keys, roles and the audio through its hooks, and names and texts as the toolkit asks for them; the
     object is several megabytes large and belongs on the heap. */
-class OxJuceProcessorBase : public juce::AudioProcessor,
+class OxJuceProcessorBase : public OxJuceProcessorAnswers,
                             public juce::Timer,
                             public juce::UndoManager,
                             public OxJuceProcessorHooks,
@@ -28,27 +30,6 @@ class OxJuceProcessorBase : public juce::AudioProcessor,
                             protected CDelayFilter<float>
 {
 public:
-    /** What is done to a block; the private commands bear the same numbers. */
-    enum ProcessMode : int
-    {
-        realTime = 100,
-        offlineAnalysis = 101,
-        offlineRender = 102,
-        analysisFinished = 103,
-        renderFinished = 104
-    };
-
-    /** What the adapters pass as wrapper type. */
-    enum PluginType : int
-    {
-        typeVst = 1,
-        typeAu = 2,
-        typeRtas = 3,
-        typeAax = 4,
-        typeAudioSuite = 6,
-        typeVst3 = 7
-    };
-
     explicit OxJuceProcessorBase (int typeOfWrapper);
     ~OxJuceProcessorBase() override;
 
@@ -65,27 +46,50 @@ public:
 
     // Parameters: writing ---------------------------------------------------------------------------------------------
 
-    /** Stores a value, clamped to 0 to 1, and sees to what follows from it [any thread]: a machine-wide one goes to the
-        settings, the hooks run, and with `notifyHost` the host hears of a parameter that it sees. */
-    void setParamDirect (int id, float value, bool notifyHost);
+    /** Stores a value, clamped to 0 to 1, and sees to what follows from it [any thread but the audio thread]: a
+        machine-wide one goes to the settings, the hooks run, and with `notifyHost` the host hears of a parameter that it
+        sees. */
+    void setParamDirect (int id, float value, bool notifyHost, ParamOrigin origin = ParamOrigin::user);
 
-    /** Writes as a user does [any thread]: an equal value is no write, a command parameter does its command instead, and
-        what the product lets a user undo goes into the history. */
-    void setParamUndoable (int id, float value, bool notifyHost);
+    /** Writes as a user does [any thread but the audio thread]: an equal value is no write, a command parameter does its
+        command instead, and what the product lets a user undo goes into the history. */
+    void setParamUndoable (int id, float value, bool notifyHost, ParamOrigin origin = ParamOrigin::user);
+
+    /** Writes a normal parameter for what sounds at once and is decided by the product itself, as a consequence [any thread,
+        the audio thread too]. The window and the hooks hear of it right away; nothing allocates, waits or calls the host.
+        The history, where a user may undo the parameter, and the host hear of it at the next tick or before the history's
+        next step: as of a step that is done already, and of the value that stands by then. */
+    void setParamInSound (int id, float value) noexcept { writeInSound (id, value, ParamOrigin::consequence); }
+
+    /** Calls `tell (id, value)` for what such writes have changed since the last call, for formats whose blocks can give it
+        back [any thread, the audio thread too]. What `tell` gives false for comes again. The tick tells the host as well:
+        some keep what a block gives back from those who ask them. */
+    template <typename Tell>
+    void takeSoundChanges (Tell&& tell)
+    {
+        soundChanges.takeUntold (SoundChanges::byBlock, numParams,
+                                 [&] (int id) { return tell (id, parameter (id).value.get()); });
+    }
 
     /** Writes all normal parameters from `set` as the user would, and makes it the set that a reset returns to [any
         thread but the audio thread].
         @param keepExcluded leave out what a preset recall leaves alone */
-    void applyParamSet (const OxParamSet& set, bool keepExcluded);
+    void applyParamSet (const OxParamSet& set, bool keepExcluded, ParamOrigin origin);
 
     /** Tells the hooks of a write [any thread]; also used once for every id when a product is built. */
-    void afterParamChange (int id);
+    void afterParamChange (int id, ParamOrigin origin);
 
     /** Marks every parameter as seen by the editor [message thread]. */
     void clearChangedFlags();
 
     /** Sends the values of all normal parameters that the host can see to the host [message thread]. */
     void sendAutomatableParams();
+
+    /** Tells the host that names, programs or the like are others now [any thread but the audio thread]. */
+    void tellDisplayChanged() { hostNotices.add (HostNotices::Kind::display, kNoParam); }
+
+    /** What tells the host: for an adapter to set, and to wait for before a listener goes. */
+    HostNotices& getHostNotices() noexcept { return hostNotices; }
 
     // Gestures: for the editor, and for what a user's write takes along [any thread] -----------------------------------
 
@@ -97,13 +101,13 @@ public:
 
     // Undo ------------------------------------------------------------------------------------------------------------
 
-    /** Performs an action, which is owned from here on, under the undo lock [any thread]. An action that comes up while an
-        undo, a redo, a swap of the alternate side or a load of a state writes its parameters on the same thread is dropped:
-        the history, the side or the state holds its result already. While an undo or a redo loads a preset it is performed
-        and not kept. */
+    /** Performs an action, which is owned from here on, under the undo lock [any thread but the audio thread]. An action
+        that comes up while an undo or a redo writes its parameters on the same thread is dropped: the history holds its
+        result already. While an undo or a redo loads a preset it is performed and not kept. */
     bool performUndoable (juce::UndoableAction* action);
 
-    /** What is performed from now on is undone in one step, until the next call, undo or redo [any thread]. */
+    /** What is performed from now on is undone in one step, until the next call, undo or redo [any thread but the audio
+        thread]. */
     void beginNewTransaction (const juce::String& name = {});
 
     // Offline passes --------------------------------------------------------------------------------------------------
@@ -168,20 +172,11 @@ public:
     // juce::AudioProcessor --------------------------------------------------------------------------------------------
 
     void prepareToPlay (double newSampleRate, int newBlockSize) override;
-    void releaseResources() override {}
     void processBlock (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) override;
     void processBlockBypassed (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) override;
     using juce::AudioProcessor::processBlock;
     using juce::AudioProcessor::processBlockBypassed;
 
-    const juce::String getInputChannelName (int index) const override { return juce::String (index + 1); }
-    const juce::String getOutputChannelName (int index) const override { return juce::String (index + 1); }
-    bool isInputChannelStereoPair (int) const override { return true; }
-    bool isOutputChannelStereoPair (int) const override { return true; }
-    bool silenceInProducesSilenceOut() const override { return false; }
-    double getTailLengthSeconds() const override { return 0.0; }
-    void reset() override {}
-    bool hasEditor() const override { return true; }
     bool isBusesLayoutSupported (const BusesLayout& layouts) const override;
     void numChannelsChanged() override;
 
@@ -191,10 +186,7 @@ public:
     using juce::AudioProcessor::getParameterName;
     using juce::AudioProcessor::getParameterText;
     float getParameter (int index) override;
-    juce::String getParameterLabel (int) const override { return {}; }
-    int getParameterNumSteps (int) override { return 0x7fffffff; }
     void setParameter (int index, float value) override;
-    bool isParameterAutomatable (int) const override { return true; }
 
     int getNumPrograms() override { return numPrograms; }
     int getCurrentProgram() override { return currentProgram; }
@@ -267,8 +259,8 @@ public:
     /** The plug-in format's own order of channels. */
     virtual int getDefaultRouting (int numChannels);
 
-    /** The frame rate code in force, 0 to 12 [any thread]. A code out of range is replaced, which, like a change, is an
-        undoable write: on the audio thread it allocates, once. */
+    /** The frame rate code in force, 0 to 12 [any thread, the audio thread too]. A code out of range is replaced. That, like
+        every change, is a host's write and no step of the history. */
     virtual int getFramerateCode();
     virtual void setFramerateCode (int code);
 
@@ -319,6 +311,7 @@ protected:
 private:
     friend class OxJuceABUndoableAction;
     friend class OxJucePresetNavUndoableAction;
+    friend class OxJuceUndoableAction;
 
     enum class Group
     {
@@ -344,13 +337,19 @@ private:
     void loadProgram (int index, const juce::XmlElement& xml, bool tellsHooks);
     void stepPreset (bool forward);
     void goToPreset (const juce::String& folder, const juce::String& file);
-    bool writesAreConsequences() const;
+    void storeValue (OxParamRecord& record, int id, float value) noexcept;
+    void writeInSound (int id, float value, ParamOrigin origin) noexcept;
+    void useCurrentProgram (ParamOrigin origin);
+    ParamOrigin originOfStep (ParamOrigin whenNew) const;
+    void replay (bool undoes);
+    void hearSoundChanges();
+    void recordSoundChanges();
+    bool takeBackUnrecorded();
+    void recordUnrecorded();
     OxParamSet copyCurrentProgram();
     void setSides (const OxParamSet& live, const OxParamSet& alternate);
-    void tellGestureBegin (int id);
-    void tellGestureEnd (int id);
-    void syncDelayLines();
-    void syncDelayLinesIfNeeded();
+    void tellGesture (HostNotices::Kind kind, int id);
+    void tellHost (HostNotices::Kind kind, int id);
     void runPendingTimers();
     void updateTransport();
 
@@ -374,15 +373,18 @@ private:
     juce::MemoryBlock prevState;       // byte for byte
     std::shared_ptr<Relaxed<bool>> overwriteOnSave = std::make_shared<Relaxed<bool>> (true);   // the user's answer
     Relaxed<bool> foreignIsCurrent = false;   // no state of this format was loaded over the foreign one
-    static thread_local const OxJuceProcessorBase* loadingHere;   // takes a state or a side in on this thread
     static std::atomic<bool> newerVersionWarned;
 
+    HostNotices hostNotices { [this] (auto kind, int id) { tellHost (kind, id); } };
     juce::CriticalSection gestureLock, linkedGestureLock, undoLock;
-    bool replaysStep = false;               // an undo or redo loads a preset; guarded by undoLock
+    bool replaysStep = false;    // an undo or redo loads a preset; guarded by undoLock
+    SoundChanges soundChanges;   // drained under undoLock
+    std::vector<std::unique_ptr<OxJuceUndoableAction>>
+        unrecorded;                         // on top of what can be redone; guarded by undoLock
     juce::Array<int> gestureParams;         // held by a user now
     juce::Array<int> linkedGestureParams;   // moved as a consequence meanwhile
 
-    juce::OwnedArray<CDelayFilter<float>> delayLines;          // one an input channel, for the bypass; never shrinks
+    BypassLines delayLines;                                    // one an input channel
     Relaxed<juce::Thread::ThreadID> messageThread = nullptr;   // that of the last tick
     juce::String fileDetailsPath;
     bool persistentMapVersionFound = false;

@@ -83,7 +83,7 @@ TEST_F (Vst3Test, TakesTheLastPointOfAQueueWithNoAudioAtAllAndRefusesWhatItCanno
     instance.set (5, { 1.0, 0.25, 0.75 }), instance.set (9, {}), instance.set (4, { 1.0 });
     instance.set (programTag, { 1.0 }), instance.set (4000000000, { 1.0 }), instance.set (bypassTag, { 0.0, 0.51 });
     EXPECT_EQ (std::tuple (get (5), get (9), get (programTag), get (bypassTag)), std::tuple (0.75, 0.0, 0.0, 1.0));
-    EXPECT_EQ (host.edits, (std::map<ParamID, ParamValue> { { 3, 1.0 } }));   // which the fourth one flips
+    await ([this] { return host.edits.get() == std::map<int, double> { { 3, 1.0 } }; });   // which the fourth one flips
     instance.set (bypassTag, { 1.0, 0.5 });
     EXPECT_EQ (get (bypassTag), 0.0);
 
@@ -95,6 +95,27 @@ TEST_F (Vst3Test, TakesTheLastPointOfAQueueWithNoAudioAtAllAndRefusesWhatItCanno
 
     for (const auto& [ins, outs] : { std::pair (2, 1), { 1, 2 }, { 0, 1 }, { 1, 0 }, { 0, 0 } })
         EXPECT_EQ (instance.audio->setBusArrangements (stereo, ins, stereo, outs), kNotImplemented);
+}
+
+TEST_F (Vst3Test, TellsWhatABlockHasChangedWithTheBlockWhereThereIsRoomAndByTheNextTick)
+{
+    Instance instance (module, host);
+    auto audio = noise (2, 64);
+
+    for (const auto& [value, full, given, expected] : { std::tuple (1.0, 0, true, 1),
+                                                        { 0.0, 0, false, 0 },
+                                                        { 1.0, 16, true, 0 },
+                                                        { 1.0, 0, true, 1 },
+                                                        { 1.0, 0, true, 0 } })
+    {
+        Changes changes (4, { value });   // flips the third parameter
+        Outputs outputs;
+        outputs.count = full;
+        EXPECT_EQ (instance.process (&audio, &audio, &changes, nullptr, given ? &outputs : nullptr), kResultOk);
+        EXPECT_EQ (outputs.count - full, expected);
+        EXPECT_TRUE (expected == 0 || outputs.told[0] == std::pair (ParamID (3), 63 + value));
+        await ([&, value = value] { return host.edits.get() == std::map<int, double> { { 3, value } }; });
+    }
 }
 
 TEST_F (Vst3Test, DelaysEveryLayoutByItsLatencyAtAnyRateAndBlockLength)

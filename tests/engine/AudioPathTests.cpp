@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/ChannelRule.h"
 #include "engine/EngineRig.h"
-#include "support/AudioThreadGuard.h"
-
-#include <thread>
 
 using namespace duoJudge;
 
@@ -148,43 +145,4 @@ TEST (AudioPathTest, ThirdChannelPassesAtOnceAndPodMetersAreSilentWhileFadingToA
     rig.set (ToggleAB, 1.0f).set (ToggleAB, 0.0f).run (4096);
     EXPECT_EQ (podMeter.getLevelDb(), -1e10f);
     EXPECT_GT (rig.processor->getMeter (2).getLevelDb(), -10.0f);
-}
-
-TEST (AudioThreadTest, NeitherAllocatesNorCallsTheSystemAndTakesOneLock)
-{
-    EngineRig rig (44100.0, 64);
-    rig.addPod().run (8192);
-    juce::AudioSampleBuffer block (2, 64);
-    block.clear();
-
-    const auto check = [&] (const char* what, int blocks, int locksPerBlock)
-    {
-        AudioThreadGuard::Counts counts;
-        std::thread audio (
-            [&]
-            {
-                AudioThreadGuard guard;
-
-                for (int i = 0; i < blocks; ++i)
-                    rig.processor->processBlock (block, rig.midi);
-
-                counts = guard.counts();
-            });
-        audio.join();
-        EXPECT_EQ (counts.allocations + counts.systemCalls, 0) << what;
-        EXPECT_TRUE (counts.locks == locksPerBlock * blocks || ! AudioThreadGuard::canCountLocks()) << what;
-    };
-
-    check ("on A", 10, 1);
-    rig.set (ToggleAB, 1.0f);
-    check ("in a crossfade to B", 28, 1);
-    check ("on B", 10, 1);
-    rig.set (ToggleAB, 0.0f);
-    check ("in a crossfade to A", 28, 1);
-    rig.click (Choose);
-    check ("in the fall of a vote fade", 34, 1);
-    rig.run (6400);
-    rig.pod.reset();
-    rig.run (6400);
-    check ("without a pod", 10, 0);
 }

@@ -133,6 +133,7 @@ struct EngineRig : private juce::AudioPlayHead
         PositionInfo info;
         info.setIsPlaying (true);
         info.setTimeInSamples (position);
+        info.setFrameRate (FrameRate (frameRate));
         return info;
     }
 
@@ -143,5 +144,6 @@ struct EngineRig : private juce::AudioPlayHead
     const int blockSize, trackChannels;
     int podChannels = 0;
     std::int64_t position = 0;
+    FrameRateType frameRate = fpsUnknown;
     juce::MidiBuffer midi;
 };

@@ -17,7 +17,18 @@ struct Rig : platform::ScopedCommonProgramFilesFolder, DuoJudgeProcessor, juce::
         prepareToPlay (44100.0, 512);
         addListener (this);
     }
-    void parameterChanged (int param) override { ++hooks, DuoJudgeProcessor::parameterChanged (param); }
+    void parameterChanged (int param, ParamOrigin origin) override
+    {
+        const char* const names[] {
+            "host", "user", "load", "swap", "preset", "reset", "defaults", "undo", "consequence"
+        };
+        ++hooks;
+
+        if (origins != nullptr)
+            *origins << param << names[static_cast<int> (origin)] << " ";
+
+        DuoJudgeProcessor::parameterChanged (param, origin);
+    }
     bool updateFromParams() override { return DuoJudgeProcessor::updateFromParams() && updateSucceeds; }
     void processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer&) override
     {
@@ -33,7 +44,8 @@ struct Rig : platform::ScopedCommonProgramFilesFolder, DuoJudgeProcessor, juce::
     void audioProcessorChanged (AudioProcessor*, const juce::AudioProcessorListener::ChangeDetails&) override {}
 
     juce::String told, heard;   // to the host; by the product, as "position+length "
+    juce::String* origins = nullptr;
     juce::MidiBuffer midi;
-    int hooks = 0;
+    std::atomic<int> hooks { 0 };
     bool updateSucceeds = true;
 };

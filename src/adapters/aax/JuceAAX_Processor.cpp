@@ -25,8 +25,7 @@ JuceAAX_Processor::JuceAAX_Processor() : processor (new AdaptedProcessor (OxJuce
 
 JuceAAX_Processor::~JuceAAX_Processor()
 {
-    const MessageThread::Lock lock;   // no call of the listener is under way there
-    judge().removeListener (this);
+    processor->removeListener (*this);
     judge().setPlayHead (nullptr);
 }
 
@@ -37,7 +36,7 @@ AAX_Result JuceAAX_Processor::EffectInit()
 
     const auto result = prepare();
     addParameters();
-    judge().addListener (this);   // from here on there are parameters to tell of
+    processor->addListener (*this);   // from here on there are parameters to tell of
     return result;
 }
 

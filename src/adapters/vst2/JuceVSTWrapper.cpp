@@ -52,7 +52,7 @@ JuceVSTWrapper::JuceVSTWrapper (audioMasterCallback ownHost) :
 
     judge().setRateAndBufferSizeDetails (sampleRate, blockSize);
     judge().setPlayHead (this);
-    judge().addListener (this);
+    processor->addListener (*this);
     startTimerHz (kTimerHertz);
 }
 
@@ -61,10 +61,13 @@ JuceVSTWrapper::~JuceVSTWrapper()
     effect.object = nullptr;
     closeEditor();
 
-    const MessageThread::Lock lock;   // no call of the timer or the listener is under way there
-    stopTimer();
-    judge().removeListener (this);
-    judge().setPlayHead (nullptr);
+    {
+        const MessageThread::Lock lock;   // no call of the timer is under way there
+        stopTimer();
+        judge().setPlayHead (nullptr);
+    }
+
+    processor->removeListener (*this);
 }
 
 JuceVSTWrapper* JuceVSTWrapper::of (t_fstEffect* effect)
@@ -170,11 +173,11 @@ void JuceVSTWrapper::audioProcessorChanged (juce::AudioProcessor*, const ChangeD
 void JuceVSTWrapper::timerCallback()
 {
     // Not from inside the calls that changed it: hosts answer these by calls of their own.
-    if (displayChanged.exchange (false))
-        callHost (vst2::hostUpdateDisplay);
-
-    if (latencyChanged.exchange (false))
-        callHost (vst2::hostIOChanged);
+    for (const auto& [changed, opcode] :
+         { std::pair (&displayChanged, int (vst2::hostUpdateDisplay)), { &latencyChanged, int (vst2::hostIOChanged) } })
+        if (changed->exchange (false))
+            MessageThread::callHost ([call = host, record = &effect, number = opcode]
+                                     { call (record, number, 0, 0, nullptr, 0.0f); });
 
     constexpr juce::uint32 chunkLife = 2000;   // milliseconds
     const juce::ScopedLock lock (chunkLock);

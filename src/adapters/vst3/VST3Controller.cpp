@@ -70,15 +70,13 @@ tresult PLUGIN_API VST3Controller::terminate()
 void VST3Controller::listen()
 {
     if (shared != nullptr && initialized)
-        shared->get().addListener (this);
+        shared->addListener (*this);
 }
 
 void VST3Controller::stopListening()
 {
-    const MessageThread::Lock lock;   // no call of this listener is under way there
-
     if (shared != nullptr)
-        shared->get().removeListener (this);
+        shared->removeListener (*this);
 }
 
 /** @returns the processor, or null while there is none. Asks once more where the connection let the answer drop. */
