@@ -46,7 +46,6 @@ void DuoJudgeProcessor::initialiseProduct()
     podBuffer = std::make_unique<juce::AudioSampleBuffer> (1, 1);
     updateFromParams();
     voteFadeActive = false;
-    crossfadePending = false;
     clearVotes();
     setInstanceName ({});
     nameChanged = false;
@@ -97,8 +96,7 @@ void DuoJudgeProcessor::parameterChanged (int paramId)
     switch (paramId)
     {
         case ToggleAB:
-            crossfadePending = true;
-            break;
+            break;   // each block looks at it
         case ToggleXY:
             setParamUndoable (ToggleAB, parameter (ToggleAB).value == 0.0f ? 1.0f : 0.0f, true);
             break;

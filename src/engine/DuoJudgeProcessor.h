@@ -111,6 +111,7 @@ public:
     void writeExtraState (juce::XmlElement& xml) override;
     void readExtraState (const juce::XmlElement& xml) override;
     void processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) override;
+    void bypassAudio (const juce::AudioSampleBuffer& block) override;
     void prepareAudio (double newSampleRate, int newBlockSize) override;
     bool updateFromParams() override;
     void timerTick() override;
@@ -145,9 +146,9 @@ private:
     juce::String getRoutingText (const juce::StringArray& names);
 
     void holdPod (baylink::PodId podId);
-    bool readPod (int numSamples);
+    int readPod (int numSamples);
+    juce::AudioSampleBuffer viewPod (int numChannels, int numSamples);
     bool readsAtTimeline();
-    void selectSource (juce::AudioSampleBuffer& block, bool podRead);
     void applyVoteFade (juce::AudioSampleBuffer& block);
 
     void countVote();
@@ -155,16 +156,16 @@ private:
     void requestUpdate();
 
     std::array<OxJuceObserverRmsMeter, 4> meters;
-    std::array<CDelayFilter<float>, 2> delays { CDelayFilter<float> (65536), CDelayFilter<float> (65536) };
+    std::vector<std::unique_ptr<CDelayFilter<float>>> delays;   // one a channel
     Crossfade fader;
     VoteFade voteFade;
-    std::unique_ptr<juce::AudioSampleBuffer> podBuffer;              // what the pod gave for the block [audio thread]
+    std::unique_ptr<juce::AudioSampleBuffer> podBuffer;              // room for a block of any pod [audio thread]
+    baylink::PodId heardPodId = baylink::kNoPod;                     // read for the last block [audio thread]
     std::atomic<baylink::PodId> selectedPodId { baylink::kNoPod };   // source B
     Relaxed<bool> detectTimestamps = true;                           // this host's positions can be trusted
     Relaxed<float> podGain = 1.0f;                                   // linear, from `SendGain`
-    Relaxed<bool> voteFadeActive = false;     // raised by a vote, lowered at the fade's end [audio thread]
-    bool wantedB = false;                     // `ToggleAB` at the last block [audio thread]
-    Relaxed<bool> crossfadePending = false;   // raised by a change, lowered at the fade's end [audio thread]
+    Relaxed<bool> voteFadeActive = false;   // raised by a vote, lowered at the fade's end [audio thread]
+    bool voteFadeRises = false;             // behind the draw [audio thread]
     Relaxed<int> voteCount = 0, votesForA = 0, votesForB = 0;
     Coin coin = makeFairCoin();
     mutable juce::CriticalSection nameLock;

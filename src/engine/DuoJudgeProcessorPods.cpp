@@ -45,6 +45,7 @@ void DuoJudgeProcessor::holdPod (baylink::PodId podId)
     }
 
     setParamDirect (SendGain, manager->getPodInfo (podId).gain, true);
+    updateFromParams();   // not a tick later: the former pod's gain is not this one's
 }
 
 void DuoJudgeProcessor::onPodLinked (baylink::PodId ownId, baylink::PodId podId)

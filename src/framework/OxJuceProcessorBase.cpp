@@ -152,6 +152,8 @@ void OxJuceProcessorBase::processBlockBypassed (juce::AudioSampleBuffer& block, 
     if (isSuspended())
         return;
 
+    updateTransport();
+    bypassAudio (block);
     syncDelayLinesIfNeeded();
 
     for (int channel = 0; channel < std::min (block.getNumChannels(), delayLines.size()); ++channel)

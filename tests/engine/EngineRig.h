@@ -54,9 +54,16 @@ struct EngineRig : private juce::AudioPlayHead
         blockSize (block), trackChannels (channelsOfTrack)
     {
         processor->setCoin ([] { return 1; });
-        processor->setPlayConfigDetails (trackChannels, trackChannels, rate, blockSize);
         processor->setPlayHead (this);
-        processor->prepareToPlay (rate, blockSize);
+        prepare (rate, block);
+    }
+
+    /** The host goes on at another rate or block size. */
+    void prepare (double rate, int block)
+    {
+        blockSize = block;
+        processor->setPlayConfigDetails (trackChannels, trackChannels, rate, block);
+        processor->prepareToPlay (rate, block);
     }
 
     /** Puts a sender before the listener in every cycle and links the listener to it. */
@@ -105,7 +112,7 @@ struct EngineRig : private juce::AudioPlayHead
             if (juce::AudioSampleBuffer podBlock (sent.getArrayOfWritePointers(), podChannels, start, length); pod)
                 pod->process (podBlock, position);
 
-            processor->processBlock (block, midi);
+            bypassed ? processor->processBlockBypassed (block, midi) : processor->processBlock (block, midi);
             position += length;
         }
 
@@ -140,8 +147,9 @@ struct EngineRig : private juce::AudioPlayHead
     const std::unique_ptr<DuoJudgeProcessor> processor = createPluginFilter (OxJuceProcessorBase::typeVst3);
     std::unique_ptr<PodSender> pod;
     Signal track = noise (1), podSignal = noise (2);
-    const int blockSize, trackChannels;
-    int podChannels = 0;
+    int blockSize, podChannels = 0;
+    const int trackChannels;
+    bool bypassed = false;
     std::int64_t position = 0;
     juce::MidiBuffer midi;
 };
