@@ -78,7 +78,7 @@ void DuoJudgeProcessor::requestUpdate()
         deferredUpdateState = 2;
 }
 
-void DuoJudgeProcessor::parameterChanged (int paramId)
+void DuoJudgeProcessor::parameterChanged (int paramId, ParamOrigin origin)
 {
     const auto& record = parameter (paramId);
     const float value = record.value;
@@ -98,7 +98,7 @@ void DuoJudgeProcessor::parameterChanged (int paramId)
         case ToggleAB:
             break;   // each block looks at it
         case ToggleXY:
-            setParamUndoable (ToggleAB, parameter (ToggleAB).value == 0.0f ? 1.0f : 0.0f, true);
+            flipSource (origin);
             break;
         case Choose:
             if (value == 0.0f)
@@ -118,6 +118,17 @@ void DuoJudgeProcessor::parameterChanged (int paramId)
             requestUpdate();
             break;
     }
+}
+
+void DuoJudgeProcessor::flipSource (ParamOrigin origin)
+{
+    const auto flipped = parameter (ToggleAB).value == 0.0f ? 1.0f : 0.0f;
+
+    // What is written as a whole holds the selection as well.
+    if (origin == ParamOrigin::user)
+        setParamUndoable (ToggleAB, flipped, true, ParamOrigin::consequence);
+    else if (origin == ParamOrigin::host || origin == ParamOrigin::consequence)
+        setParamInSound (ToggleAB, flipped);
 }
 
 void DuoJudgeProcessor::countVote()
@@ -144,7 +155,7 @@ void DuoJudgeProcessor::clearVotes()
 
 void DuoJudgeProcessor::drawSource()
 {
-    setParamUndoable (ToggleAB, static_cast<float> (coin() & 1), true);
+    setParamInSound (ToggleAB, static_cast<float> (coin() & 1));
 }
 
 void DuoJudgeProcessor::writeExtraState (juce::XmlElement& xml)

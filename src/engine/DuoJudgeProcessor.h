@@ -63,7 +63,7 @@ public:
     juce::String getInstanceName() const;
     void setInstanceName (const juce::String& newName);
 
-    /** Sets the selection to a fresh toss of the coin [any thread]; an undoable write, so it may allocate and lock. */
+    /** Sets the selection to a fresh toss of the coin [any thread, the audio thread too]. */
     void drawSource();
 
     /** Replaces the coin of the draw; only while no audio runs. */
@@ -107,7 +107,7 @@ public:
     bool isParamExcludedFromPresets (int id) override;
     bool isParamShownOnChange (int id) override;
     bool isParamUndoable (int id) override;
-    void parameterChanged (int id) override;
+    void parameterChanged (int id, ParamOrigin origin) override;
     void writeExtraState (juce::XmlElement& xml) override;
     void readExtraState (const juce::XmlElement& xml) override;
     void processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) override;
@@ -151,6 +151,7 @@ private:
     bool readsAtTimeline();
     void applyVoteFade (juce::AudioSampleBuffer& block);
 
+    void flipSource (ParamOrigin origin);
     void countVote();
     void clearVotes();
     void requestUpdate();

@@ -44,7 +44,7 @@ void DuoJudgeProcessor::holdPod (baylink::PodId podId)
         return;
     }
 
-    setParamDirect (SendGain, manager->getPodInfo (podId).gain, true);
+    setParamDirect (SendGain, manager->getPodInfo (podId).gain, true, ParamOrigin::consequence);
     updateFromParams();   // not a tick later: the former pod's gain is not this one's
 }
 
@@ -66,7 +66,7 @@ void DuoJudgeProcessor::onPodRemoved (baylink::PodId podId)
         return;
 
     // No lock of ours, whatever the manager's thread holds; and a pod that leaves is nothing that a user could undo.
-    setParamDirect (ToggleAB, 0.0f, true);
-    setParamDirect (EndTest, 1.0f, true);
-    setParamDirect (EndTest, 0.0f, true);
+    setParamDirect (ToggleAB, 0.0f, true, ParamOrigin::consequence);
+    setParamDirect (EndTest, 1.0f, true, ParamOrigin::consequence);
+    setParamDirect (EndTest, 0.0f, true, ParamOrigin::consequence);
 }

@@ -33,7 +33,7 @@ bool OxJuceABUndoableAction::apply (float value, const OxParamSet& live, const O
     }
     else
     {
-        processor->setParamDirect (paramId, value, false);
+        processor->setParamDirect (paramId, value, false, processor->originOfStep (ParamOrigin::swap));
         processor->setSides (live, alternate);
     }
 

@@ -170,7 +170,7 @@ bool OxJucePreset::apply()
         return false;
 
     // The current program is where the parameters live, so that it holds the preset from here on.
-    processor->applyParamSet (values, true);
+    processor->applyParamSet (values, true, ParamOrigin::preset);
     processor->setExtraStateBlock (specificData.getData(), static_cast<int> (specificData.getSize()));
     processor->sendAutomatableParams();
     processor->changeProgramName (processor->getCurrentProgram(), getName());

@@ -97,7 +97,7 @@ void OxJuceProcessorBase::finishConstruction()
     {
         for (int id = firstId; id < firstId + count; ++id)
         {
-            afterParamChange (id);
+            afterParamChange (id, ParamOrigin::defaults);
             guiUpdatePending = true;
         }
     };
@@ -196,6 +196,11 @@ void OxJuceProcessorBase::timerCallback()
     // A change that comes in between raises the state again, so that it is never lost.
     if (auto state = deferredUpdateState.load(); state != 0 && updateFromParams())
         deferredUpdateState.compare_exchange_strong (state, state - 1);
+
+    {
+        const juce::ScopedLock lock (undoLock);
+        recordSoundChanges();
+    }
 
     timerTick();
 }

@@ -6,7 +6,8 @@
 #include "framework/OxJucePreset.h"
 #include "framework/OxJuceProcessorHooks.h"
 #include "framework/OxJuceProfilerItem.h"
-#include "framework/OxParamRecord.h"
+#include "framework/OxJuceUndoableAction.h"
+#include "framework/SoundChanges.h"
 
 #include <deque>
 
@@ -65,21 +66,31 @@ public:
 
     // Parameters: writing ---------------------------------------------------------------------------------------------
 
-    /** Stores a value, clamped to 0 to 1, and sees to what follows from it [any thread]: a machine-wide one goes to the
-        settings, the hooks run, and with `notifyHost` the host hears of a parameter that it sees. */
-    void setParamDirect (int id, float value, bool notifyHost);
+    /** Stores a value, clamped to 0 to 1, and sees to what follows from it [any thread but the audio thread]: a
+        machine-wide one goes to the settings, the hooks run, and with `notifyHost` the host hears of a parameter that it
+        sees. */
+    void setParamDirect (int id, float value, bool notifyHost, ParamOrigin origin = ParamOrigin::user);
 
-    /** Writes as a user does [any thread]: an equal value is no write, a command parameter does its command instead, and
-        what the product lets a user undo goes into the history. */
-    void setParamUndoable (int id, float value, bool notifyHost);
+    /** Writes as a user does [any thread but the audio thread]: an equal value is no write, a command parameter does its
+        command instead, and what the product lets a user undo goes into the history. */
+    void setParamUndoable (int id, float value, bool notifyHost, ParamOrigin origin = ParamOrigin::user);
+
+    /** Writes a normal parameter for what sounds at once and is decided by the product itself, as a consequence [any thread,
+        the audio thread too]. The window and the hooks hear of it right away; nothing allocates, waits or calls the host.
+
+        The history, where the product lets a user undo the parameter, and the host hear of it at the next tick, or before
+        the next step of the history: as a step that is done already, and as the value that stands by then. Where the history
+        has something to redo, the step waits until a step of the user takes that away: it is undone before anything else,
+        and forgotten with a redo. More changes than the queue holds become one for each parameter. */
+    void setParamInSound (int id, float value) noexcept;
 
     /** Writes all normal parameters from `set` as the user would, and makes it the set that a reset returns to [any
         thread but the audio thread].
         @param keepExcluded leave out what a preset recall leaves alone */
-    void applyParamSet (const OxParamSet& set, bool keepExcluded);
+    void applyParamSet (const OxParamSet& set, bool keepExcluded, ParamOrigin origin);
 
     /** Tells the hooks of a write [any thread]; also used once for every id when a product is built. */
-    void afterParamChange (int id);
+    void afterParamChange (int id, ParamOrigin origin);
 
     /** Marks every parameter as seen by the editor [message thread]. */
     void clearChangedFlags();
@@ -97,13 +108,13 @@ public:
 
     // Undo ------------------------------------------------------------------------------------------------------------
 
-    /** Performs an action, which is owned from here on, under the undo lock [any thread]. An action that comes up while an
-        undo, a redo, a swap of the alternate side or a load of a state writes its parameters on the same thread is dropped:
-        the history, the side or the state holds its result already. While an undo or a redo loads a preset it is performed
-        and not kept. */
+    /** Performs an action, which is owned from here on, under the undo lock [any thread but the audio thread]. An action
+        that comes up while an undo or a redo writes its parameters on the same thread is dropped: the history holds its
+        result already. While an undo or a redo loads a preset it is performed and not kept. */
     bool performUndoable (juce::UndoableAction* action);
 
-    /** What is performed from now on is undone in one step, until the next call, undo or redo [any thread]. */
+    /** What is performed from now on is undone in one step, until the next call, undo or redo [any thread but the audio
+        thread]. */
     void beginNewTransaction (const juce::String& name = {});
 
     // Offline passes --------------------------------------------------------------------------------------------------
@@ -319,6 +330,7 @@ protected:
 private:
     friend class OxJuceABUndoableAction;
     friend class OxJucePresetNavUndoableAction;
+    friend class OxJuceUndoableAction;
 
     enum class Group
     {
@@ -344,7 +356,14 @@ private:
     void loadProgram (int index, const juce::XmlElement& xml, bool tellsHooks);
     void stepPreset (bool forward);
     void goToPreset (const juce::String& folder, const juce::String& file);
-    bool writesAreConsequences() const;
+    void storeValue (OxParamRecord& record, int id, float value) noexcept;
+    void useCurrentProgram (ParamOrigin origin);
+    ParamOrigin originOfStep (ParamOrigin whenNew) const;
+    void replay (bool undoes);
+    void recordSoundChanges();
+    bool takeBackUnrecorded();
+    void recordUnrecorded();
+    void tellHostOfSoundChanges();
     OxParamSet copyCurrentProgram();
     void setSides (const OxParamSet& live, const OxParamSet& alternate);
     void tellGestureBegin (int id);
@@ -374,11 +393,13 @@ private:
     juce::MemoryBlock prevState;       // byte for byte
     std::shared_ptr<Relaxed<bool>> overwriteOnSave = std::make_shared<Relaxed<bool>> (true);   // the user's answer
     Relaxed<bool> foreignIsCurrent = false;   // no state of this format was loaded over the foreign one
-    static thread_local const OxJuceProcessorBase* loadingHere;   // takes a state or a side in on this thread
     static std::atomic<bool> newerVersionWarned;
 
     juce::CriticalSection gestureLock, linkedGestureLock, undoLock;
-    bool replaysStep = false;               // an undo or redo loads a preset; guarded by undoLock
+    bool replaysStep = false;    // an undo or redo loads a preset; guarded by undoLock
+    SoundChanges soundChanges;   // drained under undoLock
+    std::vector<std::unique_ptr<OxJuceUndoableAction>>
+        unrecorded;                         // on top of what can be redone; guarded by undoLock
     juce::Array<int> gestureParams;         // held by a user now
     juce::Array<int> linkedGestureParams;   // moved as a consequence meanwhile
 

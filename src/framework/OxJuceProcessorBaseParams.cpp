@@ -2,7 +2,6 @@
 // The parameter store: where records lie, and what a write of one entails.
 #include "framework/OxJuceProcessorBase.h"
 
-#include "framework/OxJuceUndoableAction.h"
 #include "framework/Settings.h"
 
 namespace
@@ -22,6 +21,11 @@ int roleId (const OxJuceProcessorHooks& product)
 }
 
 using Hooks = OxJuceProcessorHooks;
+
+float clamp (float value) noexcept
+{
+    return value < 0.0f ? 0.0f : value > 1.0f ? 1.0f : value;   // not a number passes as it is
+}
 
 /** A command parameter acts on a press, which is exactly 1. */
 bool isPress (float value)
@@ -104,45 +108,74 @@ void OxJuceProcessorBase::setParameter (int index, float value)
         juce::Logger::writeToLog ("OxJuceProcessorBase::setParameter " + getParameterName (index) + " = " +
                                   juce::String (value, 2));
 
-    setParamDirect (index, value, false);
+    setParamDirect (index, value, false, ParamOrigin::host);
 }
 
-void OxJuceProcessorBase::setParamDirect (int id, float value, bool notifyHost)
+void OxJuceProcessorBase::setParamDirect (int id, float value, bool notifyHost, ParamOrigin origin)
 {
     const auto group = getGroup (id);
     auto& record = parameter (id);
-    const auto clamped = value < 0.0f ? 0.0f : value > 1.0f ? 1.0f : value;   // not a number passes as it is
+    storeValue (record, id, clamp (value));
 
-    if (group == Group::persistent && record.value != clamped)
-        writeSettingFloat (getParamKey (id), clamped);
+    if (group == Group::persistent && record.value != record.previousValue)
+        writeSettingFloat (getParamKey (id), record.value);
 
-    record.previousValue = record.value;
-    record.value = clamped;
-
-    if (clamped != record.previousValue)
-    {
-        record.changed = true;
-        pendingParameterTextId = id;
-        guiUpdatePending = true;
-    }
-
-    afterParamChange (id);
+    afterParamChange (id, origin);
 
     if (notifyHost && group == Group::normal && isParameterHostVisible (id))
         sendParamChangeMessageToListeners (id, record.value);
 }
 
-void OxJuceProcessorBase::afterParamChange (int id)
+void OxJuceProcessorBase::setParamInSound (int id, float value) noexcept
+{
+    if (getGroup (id) != Group::normal)
+        return;
+
+    auto& record = parameter (id);
+    storeValue (record, id, clamp (value));
+
+    if (const float before = record.previousValue, after = record.value; before != after)
+    {
+        if (isParamUndoable (id))
+            soundChanges.add (id, before, after);
+
+        if (isParameterHostVisible (id))
+            soundChanges.setUntold (id);
+    }
+
+    parameterChanged (id, ParamOrigin::consequence);
+}
+
+void OxJuceProcessorBase::tellHostOfSoundChanges()
+{
+    soundChanges.takeUntold (numParams,
+                             [this] (int id) { sendParamChangeMessageToListeners (id, parameter (id).value); });
+}
+
+void OxJuceProcessorBase::storeValue (OxParamRecord& record, int id, float value) noexcept
+{
+    record.previousValue = record.value;
+    record.value = value;
+
+    if (value != record.previousValue)
+    {
+        record.changed = true;
+        pendingParameterTextId = id;
+        guiUpdatePending = true;
+    }
+}
+
+void OxJuceProcessorBase::afterParamChange (int id, ParamOrigin origin)
 {
     const auto& record = parameter (id);
 
     if (id == roleId<&Hooks::getRoutingParam> (*this) && record.editedByGui)
         copyRoutingToDefault (record.value);
 
-    if (id == roleId<&Hooks::getResetToPresetParam> (*this) && record.value != 0.0f)
-        applyParamSet (resetParams, false);
+    if (id == roleId<&Hooks::getResetToPresetParam> (*this) && record.value != 0.0f && origin != ParamOrigin::undo)
+        applyParamSet (resetParams, false, ParamOrigin::reset);
 
-    parameterChanged (id);
+    parameterChanged (id, origin);
 }
 
 void OxJuceProcessorBase::copyRoutingToDefault (float value)
@@ -150,28 +183,19 @@ void OxJuceProcessorBase::copyRoutingToDefault (float value)
     const auto numChannels = getMaxNumChannels();
 
     if (numChannels <= 6)
-        setParamDirect (roleId<&Hooks::getRoutingDefaultParam> (*this), value, false);
+        setParamDirect (roleId<&Hooks::getRoutingDefaultParam> (*this), value, false, ParamOrigin::consequence);
     else if (numChannels == 8)
-        setParamDirect (roleId<&Hooks::getRoutingDefault71Param> (*this), value, false);
+        setParamDirect (roleId<&Hooks::getRoutingDefault71Param> (*this), value, false, ParamOrigin::consequence);
     else if (numChannels == 10)
-        setParamDirect (roleId<&Hooks::getRoutingDefault712Param> (*this), value, false);
+        setParamDirect (roleId<&Hooks::getRoutingDefault712Param> (*this), value, false, ParamOrigin::consequence);
 }
 
-void OxJuceProcessorBase::setParamUndoable (int id, float value, bool notifyHost)
+void OxJuceProcessorBase::setParamUndoable (int id, float value, bool notifyHost, ParamOrigin origin)
 {
     beginGesture (id);
 
     if (id == roleId<&Hooks::getUndoParam> (*this) || id == roleId<&Hooks::getRedoParam> (*this))
-    {
-        if (! isPress (value))
-            return;
-
-        const juce::ScopedLock lock (undoLock);
-        const auto undoes = id == roleId<&Hooks::getUndoParam> (*this);
-        undoes ? juce::UndoManager::undo() : juce::UndoManager::redo();
-        guiUpdatePending = true;
-        return;
-    }
+        return isPress (value) ? replay (id == roleId<&Hooks::getUndoParam> (*this)) : void();
 
     if (id == roleId<&Hooks::getAbParam> (*this))
         return toggleAlternate (value);
@@ -189,9 +213,9 @@ void OxJuceProcessorBase::setParamUndoable (int id, float value, bool notifyHost
         return;
 
     if (isParamUndoable (id))
-        performUndoable (new OxJuceUndoableAction (this, id, old, value, notifyHost));
+        performUndoable (new OxJuceUndoableAction (this, id, old, value, notifyHost, origin));
     else
-        setParamDirect (id, value, notifyHost);
+        setParamDirect (id, value, notifyHost, origin);
 }
 
 void OxJuceProcessorBase::captureParamSet (OxParamSet& set)
@@ -200,7 +224,7 @@ void OxJuceProcessorBase::captureParamSet (OxParamSet& set)
         set.params[static_cast<std::size_t> (id)].value = parameter (id).value;
 }
 
-void OxJuceProcessorBase::applyParamSet (const OxParamSet& set, bool keepExcluded)
+void OxJuceProcessorBase::applyParamSet (const OxParamSet& set, bool keepExcluded, ParamOrigin origin)
 {
     for (int id = 0; id < numParams; ++id)
     {
@@ -208,7 +232,7 @@ void OxJuceProcessorBase::applyParamSet (const OxParamSet& set, bool keepExclude
             continue;
 
         if (! keepExcluded || ! isParamExcludedFromPresets (id))
-            setParamUndoable (id, set.params[static_cast<std::size_t> (id)].value, true);
+            setParamUndoable (id, set.params[static_cast<std::size_t> (id)].value, true, origin);
     }
 
     captureParamSet (resetParams);

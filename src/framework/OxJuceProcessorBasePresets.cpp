@@ -145,7 +145,7 @@ void OxJuceProcessorBase::stepPreset (bool forward)
 
     const juce::ScopedLock lock (undoLock);
 
-    if (writesAreConsequences())
+    if (isPerformingUndoRedo())
         return;   // the step would be dropped, and the current preset must not move without it
 
     const OxJucePresetFolders folders (*this);
@@ -173,7 +173,7 @@ void OxJuceProcessorBase::goToPreset (const juce::String& folder, const juce::St
     for (int id = 0; id < numParams; ++id)
         if (const float value = live.params[static_cast<std::size_t> (id)].value;
             isParamUndoable (id) && parameter (id).value != value)
-            setParamDirect (id, value, true);
+            setParamDirect (id, value, true, ParamOrigin::undo);
 }
 
 // Stored defaults -----------------------------------------------------------------------------------------------------
@@ -198,7 +198,7 @@ bool OxJuceProcessorBase::loadDefault()
     {
         if (const auto value = readSettingFloat (getDefaultKey (id), kNoDefault); value != kNoDefault)
         {
-            setParamUndoable (id, value, true);
+            setParamUndoable (id, value, true, ParamOrigin::defaults);
             found = true;
         }
     }

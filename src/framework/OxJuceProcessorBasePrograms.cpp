@@ -31,7 +31,12 @@ void OxJuceProcessorBase::setCurrentProgram (int index)
     if (index >= 0 && index < kMaxPrograms)
         currentProgram = index;
 
-    applyParamSet (programs[static_cast<std::size_t> (getCurrentProgramIndex())], false);
+    useCurrentProgram (ParamOrigin::preset);
+}
+
+void OxJuceProcessorBase::useCurrentProgram (ParamOrigin origin)
+{
+    applyParamSet (programs[static_cast<std::size_t> (getCurrentProgramIndex())], false, origin);
     guiUpdatePending = true;
 }
 

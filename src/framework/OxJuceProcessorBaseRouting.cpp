@@ -61,7 +61,7 @@ int OxJuceProcessorBase::getRoutingForChannels (int requestedChannels)
 
     const auto use = [this] (int newCode)
     {
-        setParamUndoable (getRoutingParam(), thousandths::fromCode (newCode), false);
+        setParamUndoable (getRoutingParam(), thousandths::fromCode (newCode), false, ParamOrigin::consequence);
         return newCode;
     };
     const auto ofFormat = getRoutingOfFormat (numChannels, pluginType);

@@ -30,7 +30,6 @@ void logMapVersions (int loaded, int own)
 }   // namespace
 
 std::atomic<bool> OxJuceProcessorBase::newerVersionWarned { false };
-thread_local const OxJuceProcessorBase* OxJuceProcessorBase::loadingHere = nullptr;
 
 void OxJuceProcessorBase::getStateInformation (juce::MemoryBlock& dest)
 {
@@ -112,7 +111,10 @@ void OxJuceProcessorBase::loadRoot (const juce::XmlElement& root)
         if (const auto* const xml = root.getChildByName (kProgramTag + juce::String (index)))
             loadProgram (index, *xml, index == current);
 
-    setCurrentProgram (root.getIntAttribute (kCurrentProgram, 0));
+    if (const auto index = root.getIntAttribute (kCurrentProgram, 0); index >= 0 && index < kMaxPrograms)
+        currentProgram = index;
+
+    useCurrentProgram (ParamOrigin::load);
     readExtraState (root);
 
     // What is loaded now is this format's own: the next save keeps it, whatever came before and is answered later.
@@ -128,9 +130,6 @@ void OxJuceProcessorBase::loadRoot (const juce::XmlElement& root)
 
 void OxJuceProcessorBase::loadProgram (int index, const juce::XmlElement& xml, bool tellsHooks)
 {
-    // What a hook changes as a consequence is in the state already, just as it is in the history of an undo.
-    const juce::ScopedValueSetter<const OxJuceProcessorBase*> loading (loadingHere, this);
-
     if (! usesPresetFiles)
         changeProgramName (index, xml.getStringAttribute (kProgramName, getProgramName (index)));
 
@@ -151,7 +150,7 @@ void OxJuceProcessorBase::loadProgram (int index, const juce::XmlElement& xml, b
         if (! tellsHooks)
             continue;
 
-        parameterChanged (id);
+        parameterChanged (id, ParamOrigin::load);
 
         if (isParameterHostVisible (id))
             sendParamChangeMessageToListeners (id, record.value);
@@ -215,7 +214,7 @@ void OxJuceProcessorBase::checkParamMapVersionCompatibility()
     if (! persistentMapVersionFound)
     {
         // The record holds this version from the start, so that a write through it alone would not reach the settings.
-        setParamUndoable (persistentId, thousandths::fromCode (kFirstMapVersion), true);
+        setParamUndoable (persistentId, thousandths::fromCode (kFirstMapVersion), true, ParamOrigin::load);
         writeSettingFloat (getParamKey (persistentId), parameter (persistentId).value);
         persistentMapVersionFound = true;
     }
@@ -225,12 +224,12 @@ void OxJuceProcessorBase::checkParamMapVersionCompatibility()
         for (int version = getParamCode (persistentId); version < own; ++version)
             convertPersistentParamMap (version);
 
-        setParamUndoable (persistentId, thousandths::fromCode (own), true);
+        setParamUndoable (persistentId, thousandths::fromCode (own), true, ParamOrigin::load);
     }
 
     if (! paramMapVersionFound)
     {
-        setParamUndoable (id, thousandths::fromCode (kFirstMapVersion), true);
+        setParamUndoable (id, thousandths::fromCode (kFirstMapVersion), true, ParamOrigin::load);
         paramMapVersionFound = true;
     }
 
@@ -244,7 +243,7 @@ void OxJuceProcessorBase::checkParamMapVersionCompatibility()
         for (int version = loaded; version < own; ++version)
             convertParamMap (version);
 
-        setParamUndoable (id, thousandths::fromCode (own), true);
+        setParamUndoable (id, thousandths::fromCode (own), true, ParamOrigin::load);
     }
     else if (loaded > own && ! newerVersionWarned.exchange (true))
     {

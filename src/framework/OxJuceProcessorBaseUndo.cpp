@@ -13,21 +13,74 @@ bool OxJuceProcessorBase::performUndoable (juce::UndoableAction* action)
     if (replaysStep)
         return owned->perform();
 
-    return ! writesAreConsequences() && juce::UndoManager::perform (owned.release());
+    if (isPerformingUndoRedo())
+        return false;
+
+    recordSoundChanges();
+    recordUnrecorded();
+    return juce::UndoManager::perform (owned.release());
 }
 
-bool OxJuceProcessorBase::writesAreConsequences() const
+ParamOrigin OxJuceProcessorBase::originOfStep (ParamOrigin whenNew) const
 {
-    return isPerformingUndoRedo() || loadingHere == this;
+    return isPerformingUndoRedo() ? ParamOrigin::undo : whenNew;
 }
 
 void OxJuceProcessorBase::beginNewTransaction (const juce::String& name)
 {
     const juce::ScopedLock lock (undoLock);
+    recordSoundChanges();   // which belong to what was done before
     juce::UndoManager::beginNewTransaction (name);
 }
 
-// The sets are copied before the lock is taken, so that a write of the audio thread waits for no more than the swap itself.
+void OxJuceProcessorBase::replay (bool undoes)
+{
+    const juce::ScopedLock lock (undoLock);
+    recordSoundChanges();
+
+    if (! undoes)
+        unrecorded.clear(), juce::UndoManager::redo();
+    else if (! takeBackUnrecorded())
+        juce::UndoManager::undo();
+
+    guiUpdatePending = true;
+}
+
+/** Takes what the sound has changed over into the history [holding undoLock]. */
+void OxJuceProcessorBase::recordSoundChanges()
+{
+    if (isPerformingUndoRedo())
+        return;   // at the next step
+
+    tellHostOfSoundChanges();
+    soundChanges.drain (
+        [this] (int id, float before, float after)
+        {
+            auto step =
+                std::make_unique<OxJuceUndoableAction> (this, id, before, after, true, ParamOrigin::consequence, true);
+
+            if (canRedo())
+                unrecorded.push_back (std::move (step));
+            else
+                juce::UndoManager::perform (step.release());
+        });
+}
+
+/** Something new is about to be done, so that nothing can be redone any more [holding undoLock]. */
+void OxJuceProcessorBase::recordUnrecorded()
+{
+    for (auto& step : std::exchange (unrecorded, {}))
+        juce::UndoManager::perform (step.release());
+}
+
+/** @returns whether there was anything [holding undoLock]. */
+bool OxJuceProcessorBase::takeBackUnrecorded()
+{
+    auto steps = std::exchange (unrecorded, {});
+    std::for_each (steps.rbegin(), steps.rend(), [] (auto& step) { step->undo(); });
+    return ! steps.empty();
+}
+
 void OxJuceProcessorBase::toggleAlternate (float value)
 {
     const auto id = getAbParam();
@@ -50,13 +103,10 @@ OxParamSet OxJuceProcessorBase::copyCurrentProgram()
 
 void OxJuceProcessorBase::setSides (const OxParamSet& live, const OxParamSet& alternate)
 {
-    // What a hook changes as a consequence is in the set already.
-    const juce::ScopedValueSetter<const OxJuceProcessorBase*> loading (loadingHere, this);
-
     for (int id = 0; id < numParams; ++id)
     {
         const auto index = static_cast<std::size_t> (id);
-        setParamDirect (id, live.params[index].value, true);
+        setParamDirect (id, live.params[index].value, true, originOfStep (ParamOrigin::swap));
         alternateParams.params[index].value = alternate.params[index].value;
     }
 }

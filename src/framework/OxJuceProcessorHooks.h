@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/OxParamRecord.h"
+#include "framework/ParamOrigin.h"
 
 #include <juce_audio_basics/juce_audio_basics.h>
 
@@ -36,8 +37,9 @@ public:
     /** @returns whether a change of the parameter makes the preset a modified one. */
     virtual bool isParamCompared (int) { return true; }
 
-    /** A parameter of any group was written [the writer's thread]. */
-    virtual void parameterChanged (int id) = 0;
+    /** A parameter of any group was written [the writer's thread]. What the product changes because of it is decided by
+        where the write comes from: a set or a step of the history holds it already. */
+    virtual void parameterChanged (int id, ParamOrigin origin) = 0;
 
     /** The versions of the meaning of the normal and of the persistent parameters, and a step of conversion from an older
         one [message thread]. */

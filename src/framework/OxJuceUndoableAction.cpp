@@ -4,9 +4,10 @@
 #include "framework/OxJuceProcessorBase.h"
 
 OxJuceUndoableAction::OxJuceUndoableAction (OxJuceProcessorBase* processorToChange, int id, float valueBefore,
-                                            float valueAfter, bool tellHost) :
+                                            float valueAfter, bool tellHost, ParamOrigin newOrigin, bool performed) :
     processor (processorToChange),
-    paramId (id), oldValue (valueBefore), newValue (valueAfter), notifyHost (tellHost)
+    paramId (id), oldValue (valueBefore), newValue (valueAfter), notifyHost (tellHost), origin (newOrigin),
+    isDone (performed)
 {
 }
 
@@ -15,7 +16,9 @@ bool OxJuceUndoableAction::perform()
     if (processor == nullptr)
         return false;
 
-    processor->setParamDirect (paramId, newValue, notifyHost);
+    if (! std::exchange (isDone, false))
+        processor->setParamDirect (paramId, newValue, notifyHost, processor->originOfStep (origin));
+
     return true;
 }
 
@@ -24,7 +27,7 @@ bool OxJuceUndoableAction::undo()
     if (processor == nullptr)
         return false;
 
-    processor->setParamDirect (paramId, oldValue, notifyHost);
+    processor->setParamDirect (paramId, oldValue, notifyHost, ParamOrigin::undo);
     return true;
 }
 
@@ -35,5 +38,5 @@ juce::UndoableAction* OxJuceUndoableAction::createCoalescedAction (juce::Undoabl
     if (change == nullptr || change->paramId != paramId || change->newValue == newValue)
         return nullptr;
 
-    return new OxJuceUndoableAction (processor, paramId, oldValue, change->newValue, notifyHost);
+    return new OxJuceUndoableAction (processor, paramId, oldValue, change->newValue, notifyHost, origin);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "framework/ParamOrigin.h"
+
 #include <juce_data_structures/juce_data_structures.h>
 
 class OxJuceProcessorBase;
@@ -9,9 +11,11 @@ class OxJuceProcessorBase;
 class OxJuceUndoableAction : public juce::UndoableAction
 {
 public:
-    /** @param processorToChange not owned; null makes `perform` and `undo` fail */
+    /** @param processorToChange not owned; null makes `perform` and `undo` fail
+        @param newOrigin where the change comes from when it is performed for the first time
+        @param performed the change was made already, so that it is only to be kept */
     OxJuceUndoableAction (OxJuceProcessorBase* processorToChange, int id, float valueBefore, float valueAfter,
-                          bool tellHost);
+                          bool tellHost, ParamOrigin newOrigin, bool performed = false);
 
     bool perform() override;
     bool undo() override;
@@ -24,4 +28,6 @@ private:
     int paramId;
     float oldValue, newValue;
     bool notifyHost;
+    ParamOrigin origin;
+    bool isDone;
 };

@@ -67,7 +67,10 @@ struct Host final : HostObject<IComponentHandler, IPlugFrame, Linux::IRunLoop>
         return hidden ? (*object = nullptr, kNoInterface) : HostObject::queryInterface (wanted, object);
     }
     tresult PLUGIN_API beginEdit (ParamID) override { return kResultOk; }
-    tresult PLUGIN_API performEdit (ParamID id, ParamValue value) override { return edits[id] = value, kResultOk; }
+    tresult PLUGIN_API performEdit (ParamID id, ParamValue value) override
+    {
+        return edits.add (int (id), value), kResultOk;
+    }
     tresult PLUGIN_API endEdit (ParamID) override { return kResultOk; }
     tresult PLUGIN_API restartComponent (int32) override { return kResultOk; }
     tresult PLUGIN_API resizeView (IPlugView* view, ViewRect* size) override { return view->onSize (size); }
@@ -82,7 +85,7 @@ struct Host final : HostObject<IComponentHandler, IPlugFrame, Linux::IRunLoop>
     std::optional<tresult> loop;   // what it answers to an event handler, if there is a loop at all
     int refusals = 0;
     std::map<int, Linux::IEventHandler*> handlers;   // by descriptor
-    std::map<ParamID, ParamValue> edits;             // the latest of each parameter
+    Edits edits;
     HostApplication messages;
     FUnknown* context = &messages;   // null for a host that makes none
 };

@@ -21,7 +21,7 @@ struct Vst2Host
             case audioMasterGetTime:
                 return reinterpret_cast<t_fstPtrInt> (host.time);
             case audioMasterAutomate:
-                return host.edits[index] = opt, 0;
+                return host.edits.add (index, opt), 0;
             case 13:
                 return ++host.ioChanges, 0;
             default:
@@ -32,7 +32,7 @@ struct Vst2Host
     static inline Vst2Host* made;   // whose effect is being made
     int version = 2400;
     t_fstTimeInfo* time = nullptr;
-    std::map<int, float> edits;
+    Edits edits;
     std::atomic<int> ioChanges { 0 };
 };
 

@@ -98,7 +98,7 @@ TEST_F (Vst2Test, CutsTheNamesOfProgramsAndTellsWhatItChangesItself)
                "Toggle A and BOff");
     EXPECT_EQ (effect.call (effCanBeAutomated, 2) * 2 + effect.call (effCanBeAutomated, 3), 1);
     effect->setParameter (effect.effect, 4, 1.0f);
-    EXPECT_EQ (host2.edits, (std::map<int, float> { { 3, 1.0f } }));
+    await ([this] { return host2.edits.get() == std::map<int, double> { { 3, 1.0 } }; });
     auto program = effect.save (1);
     EXPECT_EQ (program, effect.save (0));
     effect->setParameter (effect.effect, 4, 0.0f);

@@ -17,7 +17,10 @@ struct Rig : platform::ScopedCommonProgramFilesFolder, DuoJudgeProcessor, juce::
         prepareToPlay (44100.0, 512);
         addListener (this);
     }
-    void parameterChanged (int param) override { ++hooks, DuoJudgeProcessor::parameterChanged (param); }
+    void parameterChanged (int param, ParamOrigin origin) override
+    {
+        ++hooks, DuoJudgeProcessor::parameterChanged (param, origin);
+    }
     bool updateFromParams() override { return DuoJudgeProcessor::updateFromParams() && updateSucceeds; }
     void processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer&) override
     {
