@@ -66,8 +66,7 @@ void DuoJudgeProcessor::processAudio (juce::AudioSampleBuffer& block, juce::Midi
         pod.clear();
     }
 
-    if (voteFadeActive)
-        applyVoteFade (block);
+    applyVoteFade (block);
 
     for (int channel = 0; channel < numCompared; ++channel)
         getMeter (2 * channel + 1).process (pod);
@@ -86,15 +85,15 @@ void DuoJudgeProcessor::bypassAudio (const juce::AudioSampleBuffer& block)
 
     readPod (numSamples);
     fader.settleOnA();
-
-    if (auto unheard = viewPod (1, numSamples); voteFadeActive)
-        applyVoteFade (unheard);
+    auto unheard = viewPod (1, numSamples);
+    applyVoteFade (unheard);
 }
 
 /** @returns how many channels of the pod's block are there now; 0 when there is no pod to be heard */
 int DuoJudgeProcessor::readPod (int numSamples)
 {
     podBuffer->setSize (baylink::kMaxPodChannels, numSamples, false, false, true);
+    const auto lastPodId = std::exchange (heardPodId, baylink::kNoPod);
 
     if (manager == nullptr || selectedPodId == baylink::kNoPod)
         return 0;
@@ -106,7 +105,7 @@ int DuoJudgeProcessor::readPod (int numSamples)
     if (info.valid == 0 || info.numChannels < 1 || info.numChannels > baylink::kMaxPodChannels)
         return 0;
 
-    if (std::exchange (heardPodId, podId) != podId)
+    if (heardPodId = podId; podId != lastPodId)
         fader.settleOnA();
 
     viewPod (info.numChannels, numSamples).clear();
@@ -152,17 +151,25 @@ bool DuoJudgeProcessor::readsAtTimeline()
 
 void DuoJudgeProcessor::applyVoteFade (juce::AudioSampleBuffer& block)
 {
-    if (! voteFadeRises)
+    using Phase = Ballot::Phase;
+    auto phase = ballot.getPhase();
+
+    if (phase == Phase::cast && ballot.advance (Phase::cast, Phase::falling))
+        phase = Phase::falling;
+
+    if (phase == Phase::falling)
     {
-        if (voteFade.fall (block))
-        {
-            voteFadeRises = true;
-            drawSource();
-        }
+        if (! voteFade.fall (block) || ! ballot.advance (Phase::falling, Phase::rising))
+            return;
+
+        drawSource();
+
+        // If the pod went during the draw, nobody ends what was over: the selection is put back here.
+        if (heardPodId != baylink::kNoPod && selectedPodId == baylink::kNoPod)
+            setParamInSound (ToggleAB, 0.0f);
     }
-    else if (voteFade.rise (block))
+    else if (phase == Phase::rising && voteFade.rise (block))
     {
-        voteFadeRises = false;
-        voteFadeActive = false;
+        ballot.advance (Phase::rising, Phase::idle);
     }
 }

@@ -148,39 +148,48 @@ TEST (AudioPathTest, PodMetersAreSilentWhileFadingToA)
 
 TEST (AudioThreadTest, NeitherAllocatesNorCallsTheSystemAndTakesOneLock)
 {
-    EngineRig rig (44100.0, 64);
-    rig.addPod().run (8192);
-    juce::AudioSampleBuffer block (2, 64);
-    block.clear();
-
-    const auto check = [&] (const char* what, int blocks, int locksPerBlock)
+    for (const auto channels : { 2, 8 })
     {
-        AudioThreadGuard::Counts counts;
-        std::thread audio (
-            [&]
-            {
-                AudioThreadGuard guard;
+        EngineRig rig (44100.0, 64, channels);
+        rig.addPod().run (8192);
+        juce::AudioSampleBuffer block (channels, 64);
+        block.clear();
 
-                for (int i = 0; i < blocks; ++i)
-                    rig.processor->processBlock (block, rig.midi);
+        const auto check = [&] (const char* what, int blocks, int locksPerBlock)
+        {
+            AudioThreadGuard::Counts counts;
+            std::thread audio (
+                [&]
+                {
+                    AudioThreadGuard guard;
 
-                counts = guard.counts();
-            });
-        audio.join();
-        EXPECT_EQ (counts.allocations + counts.systemCalls, 0) << what;
-        EXPECT_TRUE (counts.locks == locksPerBlock * blocks || ! AudioThreadGuard::canCountLocks()) << what;
-    };
+                    for (int i = 0; i < blocks; ++i)
+                        rig.bypassed ? rig.processor->processBlockBypassed (block, rig.midi)
+                                     : rig.processor->processBlock (block, rig.midi);
 
-    check ("on A", 10, 1);
-    rig.set (ToggleAB, 1.0f);
-    check ("in a crossfade to B", 28, 1);
-    check ("on B", 10, 1);
-    rig.set (ToggleAB, 0.0f);
-    check ("in a crossfade to A", 28, 1);
-    rig.click (Choose);
-    check ("in the fall of a vote fade", 34, 1);
-    rig.run (6400);
-    rig.pod.reset();
-    rig.run (6400);
-    check ("without a pod", 10, 0);
+                    counts = guard.counts();
+                });
+            audio.join();
+            EXPECT_EQ (counts.allocations + counts.systemCalls, 0) << what << channels;
+            EXPECT_TRUE (counts.locks == locksPerBlock * blocks || ! AudioThreadGuard::canCountLocks()) << what;
+        };
+
+        check ("on A", 10, 1);
+        rig.set (ToggleAB, 1.0f);
+        check ("in a crossfade to B", 28, 1);
+        check ("on B", 10, 1);
+        rig.set (ToggleAB, 0.0f);
+        check ("in a crossfade to A", 28, 1);
+        rig.click (Choose);
+        check ("in a vote's fall, draw and rise", 75, 1);
+        EXPECT_EQ (rig.processor->getParameter (ToggleAB), 1.0f);
+        rig.click (Choose).bypassed = true;
+        check ("in a vote in the bypass", 75, 1);
+        rig.bypassed = false;
+        rig.click (Choose).run (640);
+        rig.click (EndTest);
+        check ("in a fade that is broken off", 20, 1);
+        rig.pod.reset();
+        check ("without a pod", 10, 0);
+    }
 }
