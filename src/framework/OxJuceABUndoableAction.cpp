@@ -37,7 +37,7 @@ bool OxJuceABUndoableAction::apply (float value, const OxParamSet& live, const O
         processor->setSides (live, alternate);
     }
 
-    processor->updateHostDisplay();
+    processor->tellDisplayChanged();
     processor->guiUpdatePending = true;
     return true;
 }

@@ -105,7 +105,7 @@ bool OxJucePreset::save()
     saved = file != juce::File() && parse (text.toRawUTF8(), size) != nullptr &&
             platform::replaceFile (file, text.toRawUTF8(), size);
     processor->changeProgramName (processor->getCurrentProgram(), getName());
-    processor->updateHostDisplay();
+    processor->tellDisplayChanged();
     return saved;
 }
 
@@ -174,7 +174,7 @@ bool OxJucePreset::apply()
     processor->setExtraStateBlock (specificData.getData(), static_cast<int> (specificData.getSize()));
     processor->sendAutomatableParams();
     processor->changeProgramName (processor->getCurrentProgram(), getName());
-    processor->updateHostDisplay();
+    processor->tellDisplayChanged();
     applied = true;
     return true;
 }

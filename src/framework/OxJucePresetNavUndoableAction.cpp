@@ -48,7 +48,7 @@ bool OxJucePresetNavUndoableAction::goTo (int program, const juce::String& folde
     }
 
     processor->sendAutomatableParams();
-    processor->updateHostDisplay();
+    processor->tellDisplayChanged();
     processor->guiUpdatePending = true;
     return true;
 }

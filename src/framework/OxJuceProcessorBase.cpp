@@ -7,7 +7,6 @@ namespace
 {
 
 constexpr int kBaseFilterCapacity = 65536;   // samples
-constexpr int kBypassLineCapacity = 16383;   // samples: a longer latency is delayed by this much
 constexpr int kTimerPeriod = 50;             // milliseconds
 
 juce::String getNameOfPluginType (int type)
@@ -36,9 +35,9 @@ juce::String getNameOfPluginType (int type)
 Relaxed<bool> OxJuceProcessorBase::logParameterChanges = false;
 
 OxJuceProcessorBase::OxJuceProcessorBase (int typeOfWrapper) :
-    juce::AudioProcessor (BusesProperties()
-                              .withInput ("Input", juce::AudioChannelSet::stereo())
-                              .withOutput ("Output", juce::AudioChannelSet::stereo())),
+    OxJuceProcessorAnswers (BusesProperties()
+                                .withInput ("Input", juce::AudioChannelSet::stereo())
+                                .withOutput ("Output", juce::AudioChannelSet::stereo())),
     CDelayFilter<float> (kBaseFilterCapacity), pluginType (typeOfWrapper),
     pluginTypeName (getNameOfPluginType (typeOfWrapper))
 {
@@ -47,7 +46,7 @@ OxJuceProcessorBase::OxJuceProcessorBase (int typeOfWrapper) :
         addProfilerItem (name);
 
     profilerItems[2].showFrequency = true;
-    syncDelayLines();
+    delayLines.make (getTotalNumInputChannels());
     openSupportLog();
     openSharedLog();
 
@@ -110,6 +109,7 @@ void OxJuceProcessorBase::finishConstruction()
 
 void OxJuceProcessorBase::prepareToPlay (double newSampleRate, int newBlockSize)
 {
+    delayLines.make (getTotalNumInputChannels());
     prepareAudio (newSampleRate, newBlockSize);
     timerCallback();
 }
@@ -120,12 +120,7 @@ void OxJuceProcessorBase::processBlock (juce::AudioSampleBuffer& block, juce::Mi
     const auto sampleRate = getSampleRate();
     OxJuceProfilerItem::Scope profile (profilerItems[0], sampleRate > 0.0 ? numSamples / sampleRate * 1000.0 : 0.0);
 
-    // The next block may be bypassed, and lets out what has come before it.
-    syncDelayLinesIfNeeded();
-
-    for (int channel = 0; channel < std::min (block.getNumChannels(), delayLines.size()); ++channel)
-        delayLines.getUnchecked (channel)->push (block.getReadPointer (channel), numSamples);
-
+    delayLines.push (block);
     updateTransport();
     runPendingTimers();
 
@@ -154,28 +149,7 @@ void OxJuceProcessorBase::processBlockBypassed (juce::AudioSampleBuffer& block, 
 
     updateTransport();
     bypassAudio (block);
-    syncDelayLinesIfNeeded();
-
-    for (int channel = 0; channel < std::min (block.getNumChannels(), delayLines.size()); ++channel)
-        delayLines.getUnchecked (channel)->process (block.getWritePointer (channel), block.getNumSamples());
-}
-
-void OxJuceProcessorBase::syncDelayLinesIfNeeded()
-{
-    const auto* const firstLine = delayLines.getFirst();
-
-    if (delayLines.size() != getTotalNumInputChannels() ||
-        (firstLine != nullptr && firstLine->getDelay() != getLatencySamples()))
-        syncDelayLines();
-}
-
-void OxJuceProcessorBase::syncDelayLines()
-{
-    while (delayLines.size() < getTotalNumInputChannels())
-        delayLines.add (std::make_unique<CDelayFilter<float>> (kBypassLineCapacity));
-
-    for (auto* line : delayLines)
-        line->setDelay (getLatencySamples());
+    delayLines.process (block, getLatencySamples());
 }
 
 void OxJuceProcessorBase::runPendingTimers()
@@ -197,11 +171,7 @@ void OxJuceProcessorBase::timerCallback()
     if (auto state = deferredUpdateState.load(); state != 0 && updateFromParams())
         deferredUpdateState.compare_exchange_strong (state, state - 1);
 
-    {
-        const juce::ScopedLock lock (undoLock);
-        recordSoundChanges();
-    }
-
+    hearSoundChanges();
     timerTick();
 }
 

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "framework/CDelayFilter.h"
+#include "framework/BypassLines.h"
+#include "framework/HostNotices.h"
 #include "framework/OxJuceChannelUser.h"
 #include "framework/OxJucePreset.h"
+#include "framework/OxJuceProcessorAnswers.h"
 #include "framework/OxJuceProcessorHooks.h"
 #include "framework/OxJuceProfilerItem.h"
 #include "framework/OxJuceUndoableAction.h"
@@ -11,7 +13,6 @@
 
 #include <deque>
 
-#include <juce_audio_processors/juce_audio_processors.h>
 #include <juce_data_structures/juce_data_structures.h>
 
 /** What every product of the family stands on: parameters with their history, programs and presets, saved states, and all
@@ -21,7 +22,7 @@
     from 9000 on with the machine; from 9100 on with the instance. Records have no lock: any thread may read and write them.
     The product gives keys, roles and the audio through its hooks, and names and texts as the toolkit asks for them; the
     object is several megabytes large and belongs on the heap. */
-class OxJuceProcessorBase : public juce::AudioProcessor,
+class OxJuceProcessorBase : public OxJuceProcessorAnswers,
                             public juce::Timer,
                             public juce::UndoManager,
                             public OxJuceProcessorHooks,
@@ -29,27 +30,6 @@ class OxJuceProcessorBase : public juce::AudioProcessor,
                             protected CDelayFilter<float>
 {
 public:
-    /** What is done to a block; the private commands bear the same numbers. */
-    enum ProcessMode : int
-    {
-        realTime = 100,
-        offlineAnalysis = 101,
-        offlineRender = 102,
-        analysisFinished = 103,
-        renderFinished = 104
-    };
-
-    /** What the adapters pass as wrapper type. */
-    enum PluginType : int
-    {
-        typeVst = 1,
-        typeAu = 2,
-        typeRtas = 3,
-        typeAax = 4,
-        typeAudioSuite = 6,
-        typeVst3 = 7
-    };
-
     explicit OxJuceProcessorBase (int typeOfWrapper);
     ~OxJuceProcessorBase() override;
 
@@ -77,12 +57,17 @@ public:
 
     /** Writes a normal parameter for what sounds at once and is decided by the product itself, as a consequence [any thread,
         the audio thread too]. The window and the hooks hear of it right away; nothing allocates, waits or calls the host.
+        The history, where a user may undo the parameter, and the host hear of it at the next tick or before the history's
+        next step: as of a step that is done already, and of the value that stands by then. */
+    void setParamInSound (int id, float value) noexcept { writeInSound (id, value, ParamOrigin::consequence); }
 
-        The history, where the product lets a user undo the parameter, and the host hear of it at the next tick, or before
-        the next step of the history: as a step that is done already, and as the value that stands by then. Where the history
-        has something to redo, the step waits until a step of the user takes that away: it is undone before anything else,
-        and forgotten with a redo. More changes than the queue holds become one for each parameter. */
-    void setParamInSound (int id, float value) noexcept;
+    /** Calls `tell (id, value)` for what the host has yet to hear of such writes, so that a block can bring it [any thread,
+        the audio thread too]. What `tell` gives false for waits for the next tick. */
+    template <typename Tell>
+    void takeSoundChanges (Tell&& tell)
+    {
+        soundChanges.takeUntold (numParams, [&] (int id) { return tell (id, parameter (id).value.get()); });
+    }
 
     /** Writes all normal parameters from `set` as the user would, and makes it the set that a reset returns to [any
         thread but the audio thread].
@@ -97,6 +82,9 @@ public:
 
     /** Sends the values of all normal parameters that the host can see to the host [message thread]. */
     void sendAutomatableParams();
+
+    /** Tells the host that names, programs or the like are others now [any thread but the audio thread]. */
+    void tellDisplayChanged() { hostNotices.add (HostNotices::Kind::display, kNoParam); }
 
     // Gestures: for the editor, and for what a user's write takes along [any thread] -----------------------------------
 
@@ -179,20 +167,11 @@ public:
     // juce::AudioProcessor --------------------------------------------------------------------------------------------
 
     void prepareToPlay (double newSampleRate, int newBlockSize) override;
-    void releaseResources() override {}
     void processBlock (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) override;
     void processBlockBypassed (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) override;
     using juce::AudioProcessor::processBlock;
     using juce::AudioProcessor::processBlockBypassed;
 
-    const juce::String getInputChannelName (int index) const override { return juce::String (index + 1); }
-    const juce::String getOutputChannelName (int index) const override { return juce::String (index + 1); }
-    bool isInputChannelStereoPair (int) const override { return true; }
-    bool isOutputChannelStereoPair (int) const override { return true; }
-    bool silenceInProducesSilenceOut() const override { return false; }
-    double getTailLengthSeconds() const override { return 0.0; }
-    void reset() override {}
-    bool hasEditor() const override { return true; }
     bool isBusesLayoutSupported (const BusesLayout& layouts) const override;
     void numChannelsChanged() override;
 
@@ -202,10 +181,7 @@ public:
     using juce::AudioProcessor::getParameterName;
     using juce::AudioProcessor::getParameterText;
     float getParameter (int index) override;
-    juce::String getParameterLabel (int) const override { return {}; }
-    int getParameterNumSteps (int) override { return 0x7fffffff; }
     void setParameter (int index, float value) override;
-    bool isParameterAutomatable (int) const override { return true; }
 
     int getNumPrograms() override { return numPrograms; }
     int getCurrentProgram() override { return currentProgram; }
@@ -278,8 +254,8 @@ public:
     /** The plug-in format's own order of channels. */
     virtual int getDefaultRouting (int numChannels);
 
-    /** The frame rate code in force, 0 to 12 [any thread]. A code out of range is replaced, which, like a change, is an
-        undoable write: on the audio thread it allocates, once. */
+    /** The frame rate code in force, 0 to 12 [any thread, the audio thread too]. A code out of range is replaced. That, like
+        every change, is a host's write and no step of the history. */
     virtual int getFramerateCode();
     virtual void setFramerateCode (int code);
 
@@ -357,19 +333,18 @@ private:
     void stepPreset (bool forward);
     void goToPreset (const juce::String& folder, const juce::String& file);
     void storeValue (OxParamRecord& record, int id, float value) noexcept;
+    void writeInSound (int id, float value, ParamOrigin origin) noexcept;
     void useCurrentProgram (ParamOrigin origin);
     ParamOrigin originOfStep (ParamOrigin whenNew) const;
     void replay (bool undoes);
+    void hearSoundChanges();
     void recordSoundChanges();
     bool takeBackUnrecorded();
     void recordUnrecorded();
-    void tellHostOfSoundChanges();
     OxParamSet copyCurrentProgram();
     void setSides (const OxParamSet& live, const OxParamSet& alternate);
-    void tellGestureBegin (int id);
-    void tellGestureEnd (int id);
-    void syncDelayLines();
-    void syncDelayLinesIfNeeded();
+    void tellGesture (HostNotices::Kind kind, int id);
+    void tellHost (HostNotices::Kind kind, int id);
     void runPendingTimers();
     void updateTransport();
 
@@ -395,6 +370,7 @@ private:
     Relaxed<bool> foreignIsCurrent = false;   // no state of this format was loaded over the foreign one
     static std::atomic<bool> newerVersionWarned;
 
+    HostNotices hostNotices { [this] (auto kind, int id) { tellHost (kind, id); } };
     juce::CriticalSection gestureLock, linkedGestureLock, undoLock;
     bool replaysStep = false;    // an undo or redo loads a preset; guarded by undoLock
     SoundChanges soundChanges;   // drained under undoLock
@@ -403,7 +379,7 @@ private:
     juce::Array<int> gestureParams;         // held by a user now
     juce::Array<int> linkedGestureParams;   // moved as a consequence meanwhile
 
-    juce::OwnedArray<CDelayFilter<float>> delayLines;          // one an input channel, for the bypass; never shrinks
+    BypassLines delayLines;                                    // one an input channel
     Relaxed<juce::Thread::ThreadID> messageThread = nullptr;   // that of the last tick
     juce::String fileDetailsPath;
     bool persistentMapVersionFound = false;

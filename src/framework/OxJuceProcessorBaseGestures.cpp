@@ -25,7 +25,8 @@ void OxJuceProcessorBase::beginGesture (int id)
         if (! linkedGestureParams.addIfNotAlreadyThere (id))
             return;
     }
-    tellGestureBegin (id);
+
+    tellGesture (HostNotices::Kind::gestureBegin, id);
 }
 
 void OxJuceProcessorBase::endGesture (int id)
@@ -33,7 +34,7 @@ void OxJuceProcessorBase::endGesture (int id)
     if (id >= kPersistentIdBase)
         return;
 
-    tellGestureEnd (id);
+    tellGesture (HostNotices::Kind::gestureEnd, id);
     {
         const juce::ScopedLock lock (gestureLock);
         gestureParams.removeFirstMatchingValue (id);
@@ -49,26 +50,35 @@ void OxJuceProcessorBase::endGesture (int id)
     }
 
     for (const auto follower : followers)
-        tellGestureEnd (follower);
+        tellGesture (HostNotices::Kind::gestureEnd, follower);
+}
+
+void OxJuceProcessorBase::tellGesture (HostNotices::Kind kind, int id)
+{
+    if (getGroup (id) == Group::normal)
+        hostNotices.add (kind, id);
 }
 
 // The toolkit tells its listeners from the last to the first, each taken under the list's lock.
-void OxJuceProcessorBase::tellGestureBegin (int id)
+void OxJuceProcessorBase::tellHost (HostNotices::Kind kind, int id)
 {
-    if (getGroup (id) == Group::normal)
-    {
-        JUCE_BEGIN_IGNORE_WARNINGS_GCC_LIKE ("-Wdeprecated-declarations")
-        beginParameterChangeGesture (id);
-        JUCE_END_IGNORE_WARNINGS_GCC_LIKE
-    }
-}
+    JUCE_BEGIN_IGNORE_WARNINGS_GCC_LIKE ("-Wdeprecated-declarations")
 
-void OxJuceProcessorBase::tellGestureEnd (int id)
-{
-    if (getGroup (id) == Group::normal)
+    switch (kind)
     {
-        JUCE_BEGIN_IGNORE_WARNINGS_GCC_LIKE ("-Wdeprecated-declarations")
-        endParameterChangeGesture (id);
-        JUCE_END_IGNORE_WARNINGS_GCC_LIKE
+        case HostNotices::Kind::value:
+            sendParamChangeMessageToListeners (id, parameter (id).value);
+            break;
+        case HostNotices::Kind::gestureBegin:
+            beginParameterChangeGesture (id);
+            break;
+        case HostNotices::Kind::gestureEnd:
+            endParameterChangeGesture (id);
+            break;
+        case HostNotices::Kind::display:
+            updateHostDisplay();
+            break;
     }
+
+    JUCE_END_IGNORE_WARNINGS_GCC_LIKE
 }

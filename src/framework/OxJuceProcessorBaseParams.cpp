@@ -123,10 +123,10 @@ void OxJuceProcessorBase::setParamDirect (int id, float value, bool notifyHost, 
     afterParamChange (id, origin);
 
     if (notifyHost && group == Group::normal && isParameterHostVisible (id))
-        sendParamChangeMessageToListeners (id, record.value);
+        hostNotices.add (HostNotices::Kind::value, id);
 }
 
-void OxJuceProcessorBase::setParamInSound (int id, float value) noexcept
+void OxJuceProcessorBase::writeInSound (int id, float value, ParamOrigin origin) noexcept
 {
     if (getGroup (id) != Group::normal)
         return;
@@ -136,20 +136,14 @@ void OxJuceProcessorBase::setParamInSound (int id, float value) noexcept
 
     if (const float before = record.previousValue, after = record.value; before != after)
     {
-        if (isParamUndoable (id))
+        if (origin != ParamOrigin::host && isParamUndoable (id))
             soundChanges.add (id, before, after);
 
         if (isParameterHostVisible (id))
             soundChanges.setUntold (id);
     }
 
-    parameterChanged (id, ParamOrigin::consequence);
-}
-
-void OxJuceProcessorBase::tellHostOfSoundChanges()
-{
-    soundChanges.takeUntold (numParams,
-                             [this] (int id) { sendParamChangeMessageToListeners (id, parameter (id).value); });
+    parameterChanged (id, origin);
 }
 
 void OxJuceProcessorBase::storeValue (OxParamRecord& record, int id, float value) noexcept
@@ -169,7 +163,7 @@ void OxJuceProcessorBase::afterParamChange (int id, ParamOrigin origin)
 {
     const auto& record = parameter (id);
 
-    if (id == roleId<&Hooks::getRoutingParam> (*this) && record.editedByGui)
+    if (id == roleId<&Hooks::getRoutingParam> (*this) && record.editedByGui && origin == ParamOrigin::user)
         copyRoutingToDefault (record.value);
 
     if (id == roleId<&Hooks::getResetToPresetParam> (*this) && record.value != 0.0f && origin != ParamOrigin::undo)
@@ -254,5 +248,5 @@ void OxJuceProcessorBase::sendAutomatableParams()
 {
     for (int id = 0; id < numParams; ++id)
         if (isParameterHostVisible (id))
-            sendParamChangeMessageToListeners (id, parameter (id).value);
+            hostNotices.add (HostNotices::Kind::value, id);
 }

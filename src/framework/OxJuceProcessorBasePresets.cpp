@@ -92,10 +92,12 @@ bool OxJuceProcessorBase::isPresetModified()
 
 void OxJuceProcessorBase::numChannelsChanged()
 {
+    delayLines.make (getTotalNumInputChannels());
+
     if (stateRestored && reloadPreset())
     {
         changeProgramName (getCurrentProgram(), presetState.getName());
-        updateHostDisplay();
+        tellDisplayChanged();
         return;
     }
 
@@ -106,7 +108,9 @@ void OxJuceProcessorBase::numChannelsChanged()
         index < 0 ? selectDefaultPreset() : loadNamedDefaultPreset();
     }
 
-    const juce::ScopedLock lock (undoLock);
+    const HostNotices::ScopedLock lock (hostNotices, undoLock);
+    recordSoundChanges();
+    unrecorded.clear();
     clearUndoHistory();
 }
 
@@ -126,7 +130,7 @@ void OxJuceProcessorBase::loadPresetPlace (const juce::XmlElement& xml)
     presetState.setPlace (folder, file);
     reloadPreset();
     changeProgramName (getCurrentProgram(), file);
-    updateHostDisplay();
+    tellDisplayChanged();
 }
 
 // Steps ---------------------------------------------------------------------------------------------------------------
@@ -143,7 +147,7 @@ void OxJuceProcessorBase::stepPreset (bool forward)
         return;
     }
 
-    const juce::ScopedLock lock (undoLock);
+    const HostNotices::ScopedLock lock (hostNotices, undoLock);
 
     if (isPerformingUndoRedo())
         return;   // the step would be dropped, and the current preset must not move without it
@@ -209,7 +213,7 @@ bool OxJuceProcessorBase::loadDefault()
     if (const auto file = readSettingText (kDefaultFileKey); file.isNotEmpty())
     {
         changeProgramName (getCurrentProgram(), file);
-        updateHostDisplay();
+        tellDisplayChanged();
         presetState.setPlace (readSettingText (kDefaultFolderKey), file);
     }
 

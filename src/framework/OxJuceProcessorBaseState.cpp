@@ -46,7 +46,7 @@ void OxJuceProcessorBase::setStateInformation (const void* data, int size)
     if (data == nullptr)
         return;
 
-    const juce::ScopedLock lock (stateLock);
+    const HostNotices::ScopedLock lock (hostNotices, stateLock);
     const auto consumed = stateFrame::getFrameSize (data, size);
 
     if (consumed > 0)
@@ -153,7 +153,7 @@ void OxJuceProcessorBase::loadProgram (int index, const juce::XmlElement& xml, b
         parameterChanged (id, ParamOrigin::load);
 
         if (isParameterHostVisible (id))
-            sendParamChangeMessageToListeners (id, record.value);
+            hostNotices.add (HostNotices::Kind::value, id);
     }
 
     paramMapVersionFound = xml.hasAttribute (getParamKey (getParamMapVersionParam()));

@@ -68,5 +68,5 @@ int OxJuceProcessorBase::getFramerateCode()
 
 void OxJuceProcessorBase::setFramerateCode (int code)
 {
-    setParamUndoable (getFramerateParam(), thousandths::fromCode (code), true, ParamOrigin::host);
+    writeInSound (getFramerateParam(), thousandths::fromCode (code), ParamOrigin::host);
 }

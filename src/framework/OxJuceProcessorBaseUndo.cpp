@@ -8,7 +8,7 @@ using ABAction = OxJuceABUndoableAction;
 bool OxJuceProcessorBase::performUndoable (juce::UndoableAction* action)
 {
     std::unique_ptr<juce::UndoableAction> owned (action);
-    const juce::ScopedLock lock (undoLock);
+    const HostNotices::ScopedLock lock (hostNotices, undoLock);
 
     if (replaysStep)
         return owned->perform();
@@ -28,14 +28,14 @@ ParamOrigin OxJuceProcessorBase::originOfStep (ParamOrigin whenNew) const
 
 void OxJuceProcessorBase::beginNewTransaction (const juce::String& name)
 {
-    const juce::ScopedLock lock (undoLock);
+    const HostNotices::ScopedLock lock (hostNotices, undoLock);
     recordSoundChanges();   // which belong to what was done before
     juce::UndoManager::beginNewTransaction (name);
 }
 
 void OxJuceProcessorBase::replay (bool undoes)
 {
-    const juce::ScopedLock lock (undoLock);
+    const HostNotices::ScopedLock lock (hostNotices, undoLock);
     recordSoundChanges();
 
     if (! undoes)
@@ -46,13 +46,21 @@ void OxJuceProcessorBase::replay (bool undoes)
     guiUpdatePending = true;
 }
 
-/** Takes what the sound has changed over into the history [holding undoLock]. */
+void OxJuceProcessorBase::hearSoundChanges()
+{
+    const HostNotices::ScopedLock lock (hostNotices, undoLock);
+    recordSoundChanges();
+}
+
+/** Takes what the sound has changed over into the history [holding undoLock]. A step would take away what can be redone:
+    then it waits for a step of the user, which does so anyway. Until then it is undone before anything else, and a redo
+    forgets it. */
 void OxJuceProcessorBase::recordSoundChanges()
 {
     if (isPerformingUndoRedo())
         return;   // at the next step
 
-    tellHostOfSoundChanges();
+    takeSoundChanges ([this] (int id, float) { return hostNotices.add (HostNotices::Kind::value, id), true; });
     soundChanges.drain (
         [this] (int id, float before, float after)
         {

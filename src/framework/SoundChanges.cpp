@@ -61,22 +61,3 @@ bool SoundChanges::takeFromQueue (Change& change) noexcept
     cell.turn.store (nextRead++ + kCapacity, std::memory_order_release);
     return true;
 }
-
-bool SoundChanges::take (Change& change) noexcept
-{
-    if (takeFromQueue (change))
-        return true;
-
-    if (! anyOverflowed.exchange (false))
-        return false;
-
-    for (int id = 0; id < kMaxParams; ++id)
-        if (const auto span = records[static_cast<std::size_t> (id)].overflow.exchange ({}); ! span.isNone())
-        {
-            anyOverflowed = true;   // there may be more
-            change = { id, span.before, span.after };
-            return true;
-        }
-
-    return false;
-}

@@ -22,15 +22,25 @@ public:
     template <typename Hear>
     void drain (Hear&& hear)
     {
-        for (Change change; take (change);)
+        const auto hadOverflow = anyOverflowed.exchange (false);
+
+        for (Change change; takeFromQueue (change);)
             hear (change.id, change.before, change.after);
+
+        // One that is older may be just on its way into the queue.
+        if (hadOverflow && nextWritten != nextRead)
+            anyOverflowed = true;
+        else if (hadOverflow)
+            for (int id = 0; id < kMaxParams; ++id)
+                if (const auto span = records[static_cast<std::size_t> (id)].overflow.exchange ({}); ! span.isNone())
+                    hear (id, span.before, span.after);
     }
 
     /** The host has yet to hear of a parameter [any thread, the audio thread too]. */
     void setUntold (int id) noexcept;
 
-    /** Calls `tell (id)` for each parameter below `numParams` that the host has yet to hear of, and counts it as told [any
-        thread, the audio thread too]. */
+    /** Calls `tell (id)` for each parameter below `numParams` that the host has yet to hear of [any thread, the audio thread
+        too]. From where it gives true the parameter counts as told, by this thread alone. */
     template <typename Tell>
     void takeUntold (int numParams, Tell&& tell)
     {
@@ -38,8 +48,8 @@ public:
             return;
 
         for (int id = 0; id < numParams; ++id)
-            if (records[static_cast<std::size_t> (id)].untold.exchange (false))
-                tell (id);
+            if (records[static_cast<std::size_t> (id)].untold.exchange (false) && ! tell (id))
+                setUntold (id);
     }
 
 private:
@@ -71,7 +81,6 @@ private:
         std::atomic<Span> overflow { Span {} };   // all that has come since the queue was full
     };
 
-    bool take (Change& change) noexcept;
     bool takeFromQueue (Change& change) noexcept;
     bool push (const Change& change) noexcept;
 

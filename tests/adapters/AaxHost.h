@@ -62,6 +62,7 @@ struct AaxHost final : AAX_ICollection, AAX_IEffectDescriptor, AAX_IController, 
     template <typename... Things>
     AAX_Result note (Things... things)
     {
+        countHostCall();
         const std::lock_guard<std::mutex> lock (mutex);
         return (heard << ... << things) << " ", AAX_SUCCESS;
     }

@@ -41,7 +41,7 @@ TEST_F (AaxTest, PublishesTheBypassAndTheParametersThatHostsMaySee)
     EXPECT_EQ (told.find ("MasterBypassIDMaster Bypass010/2 3Toggle A and B011/2147483647 4"), 0u) << told;
     EXPECT_EQ (info.id, std::string ("9"));
     aax.set ("MasterBypassID", 1.0), aax.set ("4", 1.0);   // which flips the one below it
-    await ([this] { return aax.takeNotes() == "3=1 "; });
+    await ([this, heard = std::string()]() mutable { return (heard += aax.takeNotes()) == "3=1 "; });
     EXPECT_EQ (aax.get ("3") + aax.get ("4") + aax.get ("MasterBypassID"), 3.0);
     char text[4][16] {};
     EXPECT_EQ (aax.effect->GetParameterValueString ("MasterBypassID", text[0], 8) |

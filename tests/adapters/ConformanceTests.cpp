@@ -10,24 +10,39 @@ namespace
 
 constexpr int bypassId = -1;
 
+/** On an audio thread: nothing but one lock, that of the pods. */
+void expectNothingOf (const AudioThreadGuard& guard)
+{
+    const auto [allocations, locks, systemCalls, hostCalls] = guard.counts();
+    EXPECT_EQ (std::tuple (allocations, systemCalls, hostCalls), std::tuple (0, 0, 0));
+    EXPECT_LE (locks, 1);
+}
+
 /** An instance as a host of some format holds it. */
 struct Form
 {
     virtual ~Form() = default;
+    virtual bool arrange (int channels) = 0;                              // before a start
     virtual int start (double rate, int block) = 0;                       // gives the latency
     virtual void process (Audio& in, Audio& out, juce::int64 time) = 0;   // while the host plays
     virtual void set (int id, float value) = 0;
+    virtual void setFrameRate (int number) = 0;   // by the host's own
     virtual float get (int id) = 0;
     virtual std::string save() = 0;
     virtual void load (std::string state) = 0;
     virtual std::pair<int, int> open (::Window parent) = 0;   // gives the size
     virtual void close() = 0;
-    virtual int countLocks() { return 1; }   // of a block: that of the pods
 };
 
 struct Vst3Form : Form
 {
     Vst3Form (PlugInTest& test) : instance (test.module, test.host) {}
+    bool arrange (int channels) override
+    {
+        instance.component->setActive (0);
+        SpeakerArrangement speakers = (SpeakerArrangement (1) << channels) - 1;
+        return instance.audio->setBusArrangements (&speakers, 1, &speakers, 1) == kResultOk;
+    }
     int start (double rate, int block) override
     {
         instance.component->setActive (0);
@@ -36,10 +51,18 @@ struct Vst3Form : Form
     }
     void process (Audio& in, Audio& out, juce::int64 time) override
     {
-        context.state = ProcessContext::kPlaying, context.projectTimeSamples = time;
-        EXPECT_EQ (instance.process (&in, &out, nullptr, &context), kResultOk);
+        context.state = ProcessContext::kPlaying | ProcessContext::kSmpteValid, context.projectTimeSamples = time;
+        outputs.count = 0;
+        EXPECT_EQ (instance.process (&in, &out, nullptr, &context, &outputs), kResultOk);
     }
-    void set (int id, float value) override { instance.set (id == bypassId ? 0x62706173u : unsigned (id), { value }); }
+    void set (int id, float value) override
+    {
+        Changes changes (id == bypassId ? 0x62706173u : unsigned (id), { value });
+        const AudioThreadGuard guard;
+        EXPECT_EQ (instance.process (nullptr, nullptr, &changes), kResultOk);   // a block of nothing else
+        expectNothingOf (guard);
+    }
+    void setFrameRate (int number) override { context.frameRate.framesPerSecond = unsigned (24 + number % 2); }
     float get (int id) override { return float (instance.controller->getParamNormalized (unsigned (id))); }
     std::string save() override { return ::save (*instance.component); }
     void load (std::string state) override { instance.load (state); }
@@ -53,12 +76,19 @@ struct Vst3Form : Form
     void close() override { view->removed(), view = nullptr; }
     Instance instance;
     ProcessContext context {};
+    Outputs outputs;
     IPtr<IPlugView> view;
 };
 
 struct Vst2Form : Form
 {
     Vst2Form (PlugInTest& test) : effect (test.module, host) { host.time = &time; }
+    bool arrange (int channels) override
+    {
+        int arrangement[] { -2, channels };
+        return effect.call (effSetSpeakerArrangement, 0, reinterpret_cast<t_fstPtrInt> (&arrangement), &arrangement) ==
+               1;
+    }
     int start (double rate, int block) override
     {
         effect.start (rate, block), time.sampleRate = rate;
@@ -66,13 +96,16 @@ struct Vst2Form : Form
     }
     void process (Audio& in, Audio& out, juce::int64 at) override
     {
-        time.samplePos = double (at), time.flags = kVstTransportPlaying;
+        time.samplePos = double (at), time.flags = kVstTransportPlaying | kVstSmpteValid;
         effect.process (in, out);
     }
     void set (int id, float value) override
     {
+        const AudioThreadGuard guard;
         id == bypassId ? void (effect.call (44, 0, value > 0.0f)) : effect->setParameter (effect.effect, id, value);
+        expectNothingOf (guard);
     }
+    void setFrameRate (int number) override { time.smpteFrameRate = number; }
     float get (int id) override { return effect->getParameter (effect.effect, id); }
     std::string save() override { return effect.save(); }
     void load (std::string state) override { effect.call (effSetChunk, 0, t_fstPtrInt (state.size()), state.data()); }
@@ -92,17 +125,23 @@ struct Vst2Form : Form
 struct AaxForm : Form
 {
     AaxForm (PlugInTest& test) : host (test.module) { host.start(), host.playing = true; }
-    int start (double rate, int) override { return host.start (rate), host.latency; }
+    bool arrange (int channels) override
+    {
+        stem = channels == 1 ? AAX_eStemFormat_Mono : AAX_eStemFormat_Stereo;
+        return channels < 3;
+    }
+    int start (double rate, int) override { return host.start (rate, stem), host.latency; }
     void process (Audio& in, Audio& out, juce::int64 time) override { host.location = time, host.process (in, out); }
     static std::string idOf (int id) { return id == bypassId ? "MasterBypassID" : std::to_string (id); }
-    void set (int id, float value) override { host.set (idOf (id).c_str(), value); }
+    void set (int id, float value) override { host.set (idOf (id).c_str(), value); }   // on no audio thread
+    void setFrameRate (int number) override { host.frameRate = AAX_EFrameRate (1 + number % 2); }
     float get (int id) override { return float (host.get (idOf (id).c_str())); }
     std::string save() override { return host.save(); }
     void load (std::string state) override { host.load (state); }
     std::pair<int, int> open (::Window parent) override { return host.open (parent); }
     void close() override { host.gui->SetViewContainer (nullptr); }
-    int countLocks() override { return 2; }   // and the processor's
     AaxHost host;
+    AAX_EStemFormat stem = AAX_eStemFormat_Stereo;
 };
 
 struct Format
@@ -151,12 +190,49 @@ TEST_P (ConformanceTest, LetsEitherSourceOutToTheSampleAndDelaysWhatIsBypassed)
             auto in = stretch (own, start, block), out = stretch (heard, start, block);
             const AudioThreadGuard guard;
             form->process (in, out, start);
-            const auto& [allocations, locks, systemCalls] = guard.counts();
-            EXPECT_TRUE (start < settled || (allocations + systemCalls == 0 && locks <= form->countLocks())) << start;
+            expectNothingOf (guard);
         }
 
         for (const auto channel : { 0, 1 })
             EXPECT_TRUE (isLate (heard, toggle > 0.0f && ! bypassed ? pod : own, channel, settled)) << rate;
+    }
+}
+
+TEST_P (ConformanceTest, KeepsTheAudioThreadFreeThroughVotesAutomationAndChangesOfFrameRate)
+{
+    constexpr int block = 64, choose = 6;
+    const auto form = makeForm();
+    juce::int64 time = 0;
+
+    for (int channels = 1; channels <= 10; ++channels)
+    {
+        if (! form->arrange (channels))
+            continue;
+
+        SCOPED_TRACE (channels);
+        auto audio = noise (channels, block);
+        const auto play = [&] (int blocks)
+        {
+            for (int i = 0; i < blocks; ++i, time += block)
+            {
+                const AudioThreadGuard guard;
+                form->process (audio, audio, time);
+                expectNothingOf (guard);
+            }
+        };
+        EXPECT_EQ (form->start (44100.0, block), 4096);
+
+        for (int id = bypassId; id < 10; ++id)
+            for (const auto value : { 1.0f, 0.0f })
+                form->set (id, value), play (2);
+
+        form->set (choose, 1.0f), form->set (choose, 0.0f);
+        play (200);   // the fall, the draw and the rise
+
+        for (const auto rate : { 1, 0, 1 })
+            form->setFrameRate (rate), play (2);
+
+        EXPECT_EQ (std::lround (form->get (1) * 1000), 2) << "25 frames a second";
     }
 }
 

@@ -3,9 +3,6 @@
 
 #include <juce_audio_processors/juce_audio_processors.h>
 
-#include <map>
-#include <mutex>
-
 #include <gtest/gtest.h>
 
 using Audio = juce::AudioSampleBuffer;
@@ -38,23 +35,6 @@ inline bool isLate (const Audio& heard, const Audio& source, int channel, int fr
 
     return true;
 }
-
-/** The latest value that a host was told of each parameter, on whatever thread. */
-struct Edits
-{
-    void add (int id, double value)
-    {
-        const std::lock_guard<std::mutex> lock (mutex);
-        values[id] = value;
-    }
-    std::map<int, double> get() const
-    {
-        const std::lock_guard<std::mutex> lock (mutex);
-        return values;
-    }
-    mutable std::mutex mutex;
-    std::map<int, double> values;
-};
 
 /** Loads a built plug-in as the toolkit's hosts do. */
 inline std::unique_ptr<juce::AudioPluginInstance> loadInToolkit (const char* bundle)

@@ -4,7 +4,10 @@
 #include "adapters/HostTools.h"
 #include "platform/Library.h"
 #include "pod/IPod.h"
+#include "support/AudioThreadGuard.h"
 
+#include <map>
+#include <mutex>
 #include <poll.h>
 #include <random>
 #include <thread>
@@ -15,6 +18,35 @@
 
 using namespace Steinberg;
 using namespace Steinberg::Vst;
+
+/** Every call by which a plug-in tells its host something comes by here: none may come from a watched thread. */
+inline void countHostCall()
+{
+    AudioThreadGuard::note (&AudioThreadGuard::Counts::hostCalls);
+}
+
+/** The latest value that a host was told of each parameter, on whatever thread. */
+struct Edits
+{
+    void add (int id, double value)
+    {
+        countHostCall();
+        const std::lock_guard<std::mutex> lock (mutex);
+        values[id] = value;
+    }
+    std::map<int, double> get() const
+    {
+        const std::lock_guard<std::mutex> lock (mutex);
+        return values;
+    }
+    void clear()
+    {
+        const std::lock_guard<std::mutex> lock (mutex);
+        values.clear();
+    }
+    mutable std::mutex mutex;
+    std::map<int, double> values;
+};
 
 /** What a plug-in holds by reference: it must have let go when the object ends. */
 template <typename... Interfaces>
@@ -52,6 +84,26 @@ struct Changes final : HostObject<IParameterChanges, IParamValueQueue>
     const std::vector<ParamValue> values;
 };
 
+/** What a plug-in tells in one block. Nothing allocates. */
+struct Outputs final : HostObject<IParameterChanges, IParamValueQueue>
+{
+    int32 PLUGIN_API getParameterCount() override { return count; }
+    IParamValueQueue* PLUGIN_API getParameterData (int32) override { return nullptr; }
+    IParamValueQueue* PLUGIN_API addParameterData (const ParamID& id, int32& index) override
+    {
+        return count < 16 ? (told[index = count++].first = id, this) : nullptr;
+    }
+    ParamID PLUGIN_API getParameterId() override { return told[count - 1].first; }
+    int32 PLUGIN_API getPointCount() override { return 1; }
+    tresult PLUGIN_API getPoint (int32, int32&, ParamValue&) override { return kResultFalse; }
+    tresult PLUGIN_API addPoint (int32 offset, ParamValue value, int32&) override
+    {
+        return told[count - 1].second = offset + value, kResultTrue;
+    }
+    int32 count = 0;
+    std::pair<ParamID, double> told[16];   // the value, and how many samples into the block
+};
+
 /** What a host offers. Its loop takes each descriptor once. */
 struct Host final : HostObject<IComponentHandler, IPlugFrame, Linux::IRunLoop>
 {
@@ -66,13 +118,13 @@ struct Host final : HostObject<IComponentHandler, IPlugFrame, Linux::IRunLoop>
         const auto hidden = ! loop && FUnknownPrivate::iidEqual (wanted, Linux::IRunLoop::iid);
         return hidden ? (*object = nullptr, kNoInterface) : HostObject::queryInterface (wanted, object);
     }
-    tresult PLUGIN_API beginEdit (ParamID) override { return kResultOk; }
+    tresult PLUGIN_API beginEdit (ParamID) override { return countHostCall(), kResultOk; }
     tresult PLUGIN_API performEdit (ParamID id, ParamValue value) override
     {
         return edits.add (int (id), value), kResultOk;
     }
-    tresult PLUGIN_API endEdit (ParamID) override { return kResultOk; }
-    tresult PLUGIN_API restartComponent (int32) override { return kResultOk; }
+    tresult PLUGIN_API endEdit (ParamID) override { return countHostCall(), kResultOk; }
+    tresult PLUGIN_API restartComponent (int32) override { return countHostCall(), kResultOk; }
     tresult PLUGIN_API resizeView (IPlugView* view, ViewRect* size) override { return view->onSize (size); }
     tresult PLUGIN_API registerEventHandler (Linux::IEventHandler* handler, int descriptor) override
     {
@@ -195,7 +247,8 @@ struct Instance
     }
 
     /** Processes `in` into `out`; with neither there is no sample and no bus. */
-    tresult process (Audio* in, Audio* out, IParameterChanges* changes = nullptr, ProcessContext* context = nullptr)
+    tresult process (Audio* in, Audio* out, IParameterChanges* changes = nullptr, ProcessContext* context = nullptr,
+                     Outputs* outputs = nullptr)
     {
         AudioBusBuffers buses[2];
         ProcessData data;
@@ -211,6 +264,7 @@ struct Instance
         fill (in, buses[0], data.inputs, data.numInputs);
         fill (out, buses[1], data.outputs, data.numOutputs);
         data.inputParameterChanges = changes, data.processContext = context;
+        data.outputParameterChanges = outputs;
         const auto result = audio->process (data);
         EXPECT_TRUE (result != kResultOk || buses[1].silenceFlags == 0);
         return result;

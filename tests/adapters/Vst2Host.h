@@ -23,7 +23,11 @@ struct Vst2Host
             case audioMasterAutomate:
                 return host.edits.add (index, opt), 0;
             case 13:
-                return ++host.ioChanges, 0;
+                return countHostCall(), ++host.ioChanges, 0;
+            case 42:
+            case audioMasterBeginEdit:
+            case audioMasterEndEdit:
+                return countHostCall(), 0;
             default:
                 return 0;
         }

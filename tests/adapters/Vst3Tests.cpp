@@ -97,6 +97,32 @@ TEST_F (Vst3Test, TakesTheLastPointOfAQueueWithNoAudioAtAllAndRefusesWhatItCanno
         EXPECT_EQ (instance.audio->setBusArrangements (stereo, ins, stereo, outs), kNotImplemented);
 }
 
+TEST_F (Vst3Test, TellsWhatABlockHasChangedWithTheBlockAndNoMoreOrElseByTheNextTick)
+{
+    Instance instance (module, host);
+    auto audio = noise (2, 64);
+    Outputs outputs;
+
+    for (const auto& [value, room, given] :
+         { std::tuple (1.0, 0, &outputs), { 0.0, 0, nullptr }, { 1.0, 16, &outputs } })
+    {
+        Changes changes (4, { value });   // flips the third parameter
+        const std::map<int, double> flipped { { 3, value } };
+        outputs.count = room, host.edits.clear();
+        EXPECT_EQ (instance.process (&audio, &audio, &changes, nullptr, given), kResultOk);
+        EXPECT_EQ (outputs.count, room + (given != nullptr && room == 0 ? 1 : 0));
+        const auto byBlock = outputs.count == 1;
+        EXPECT_TRUE (! byBlock || outputs.told[0] == std::pair (ParamID (3), 63 + value));
+
+        if (! byBlock)
+            await ([&] { return host.edits.get() == flipped; });
+
+        await ([this, now = manager.ticks.load()] { return manager.ticks > now + 2; });
+        EXPECT_TRUE (host.edits.get() == flipped || byBlock) << value;
+        EXPECT_EQ (host.edits.get().empty(), byBlock) << value;
+    }
+}
+
 TEST_F (Vst3Test, DelaysEveryLayoutByItsLatencyAtAnyRateAndBlockLength)
 {
     constexpr SpeakerArrangement twelve = 0xfff;

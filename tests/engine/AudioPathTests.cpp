@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/ChannelRule.h"
 #include "engine/EngineRig.h"
-#include "support/AudioThreadGuard.h"
-
-#include <thread>
 
 using namespace duoJudge;
 
@@ -144,52 +141,4 @@ TEST (AudioPathTest, PodMetersAreSilentWhileFadingToA)
     rig.set (ToggleAB, 0.0f).run (4096);
     EXPECT_EQ (podMeter.getLevelDb(), -1e10f + 3.0f);
     EXPECT_GT (rig.processor->getMeter (2).getLevelDb(), -10.0f);
-}
-
-TEST (AudioThreadTest, NeitherAllocatesNorCallsTheSystemAndTakesOneLock)
-{
-    for (const auto channels : { 2, 8 })
-    {
-        EngineRig rig (44100.0, 64, channels);
-        rig.addPod().run (8192);
-        juce::AudioSampleBuffer block (channels, 64);
-        block.clear();
-
-        const auto check = [&] (const char* what, int blocks, int locksPerBlock)
-        {
-            AudioThreadGuard::Counts counts;
-            std::thread audio (
-                [&]
-                {
-                    AudioThreadGuard guard;
-
-                    for (int i = 0; i < blocks; ++i)
-                        rig.bypassed ? rig.processor->processBlockBypassed (block, rig.midi)
-                                     : rig.processor->processBlock (block, rig.midi);
-
-                    counts = guard.counts();
-                });
-            audio.join();
-            EXPECT_EQ (counts.allocations + counts.systemCalls, 0) << what << channels;
-            EXPECT_TRUE (counts.locks == locksPerBlock * blocks || ! AudioThreadGuard::canCountLocks()) << what;
-        };
-
-        check ("on A", 10, 1);
-        rig.set (ToggleAB, 1.0f);
-        check ("in a crossfade to B", 28, 1);
-        check ("on B", 10, 1);
-        rig.set (ToggleAB, 0.0f);
-        check ("in a crossfade to A", 28, 1);
-        rig.click (Choose);
-        check ("in a vote's fall, draw and rise", 75, 1);
-        EXPECT_EQ (rig.processor->getParameter (ToggleAB), 1.0f);
-        rig.click (Choose).bypassed = true;
-        check ("in a vote in the bypass", 75, 1);
-        rig.bypassed = false;
-        rig.click (Choose).run (640);
-        rig.click (EndTest);
-        check ("in a fade that is broken off", 20, 1);
-        rig.pod.reset();
-        check ("without a pod", 10, 0);
-    }
 }

@@ -112,11 +112,16 @@ struct EngineRig : private juce::AudioPlayHead
             if (juce::AudioSampleBuffer podBlock (sent.getArrayOfWritePointers(), podChannels, start, length); pod)
                 pod->process (podBlock, position);
 
-            bypassed ? processor->processBlockBypassed (block, midi) : processor->processBlock (block, midi);
+            process (block);
             position += length;
         }
 
         return heard;
+    }
+
+    void process (juce::AudioSampleBuffer& block)
+    {
+        bypassed ? processor->processBlockBypassed (block, midi) : processor->processBlock (block, midi);
     }
 
     /** What leaves next is to be this signal alone, 4096 samples late, bit for bit. */
@@ -140,6 +145,7 @@ struct EngineRig : private juce::AudioPlayHead
         PositionInfo info;
         info.setIsPlaying (true);
         info.setTimeInSamples (position);
+        info.setFrameRate (FrameRate (frameRate));
         return info;
     }
 
@@ -151,5 +157,6 @@ struct EngineRig : private juce::AudioPlayHead
     const int trackChannels;
     bool bypassed = false;
     std::int64_t position = 0;
+    FrameRateType frameRate = fpsUnknown;
     juce::MidiBuffer midi;
 };

@@ -3,6 +3,33 @@
 
 using namespace duoJudge;
 
+TEST (ParameterTableTest, EveryParameterHasItsKeyAndItsProperties)
+{
+    auto rig = std::make_unique<Rig>();
+    juce::String keys, undone, kept, hidden, silent, fixed, found;
+    const auto add = [&] (int first, int count)
+    {
+        for (int id = first; id < first + count; ++id)
+        {
+            const auto note = [id] (juce::String& list, bool is) { list << (is ? juce::String (id) + " " : ""); };
+            keys << rig->getParamKey (id) << " ";
+            note (undone, rig->isParamUndoable (id)), note (kept, rig->isParamExcludedFromPresets (id));
+            note (hidden, ! rig->isParameterHostVisible (id)), note (silent, ! rig->isParamShownOnChange (id));
+            note (fixed, ! rig->isParameterAutomatable (id)),
+                note (found, rig->getParamIdForKey (rig->getParamKey (id)) == id);
+        }
+    };
+    add (0, 10), add (9000, 7), add (9100, 12);
+    EXPECT_EQ (keys, "Routing TimecodeFramerate ParamMapVersion ToggleAB ToggleXY Test Choose EndTest Reveal Resume "
+                     "RoutingDefault RoutingDefault_7_1 RoutingDefault_7_1_2 TimecodeFramerateDefault "
+                     "PersistentParamMapVersion ExportSupport UseTimestampedPodAudioOverride ShowBaseMenu Undo Redo AB "
+                     "AtoB PresetNext PresetPrev  ShowProfiling ResetToPreset SendGain DummyTransient ");
+    EXPECT_EQ (undone, "1 3 4 5 6 7 8 9 9006 9109 9110 9111 ");
+    EXPECT_EQ (kept + hidden + fixed, "0 1 2 0 1 2 0 1 2 ");
+    EXPECT_EQ (silent, "0 1 2 9000 9001 9002 9003 9004 9005 ");
+    EXPECT_EQ (found, "0 1 2 3 4 5 6 7 8 9 9000 9001 9002 9003 9004 9005 9006 ");
+}
+
 TEST (ParameterTableTest, TellsValuesAsText)
 {
     auto rig = std::make_unique<Rig>();

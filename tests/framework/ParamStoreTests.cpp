@@ -21,8 +21,58 @@ TEST (ParamStoreTest, EveryPathClampsAndOnlyTheUndoableOneDropsWhatChangesNothin
                            : rig->setParamUndoable (Resume, value, true);
             found << record.previousValue << ">" << record.value << (record.changed ? "! " : " ");
         }
-        EXPECT_EQ (found + rig->told + juce::String (rig->hooks), story) << path;
+        EXPECT_EQ (found + rig->told + juce::String (rig->hooks.load()), story) << path;
     }
+}
+
+TEST (ParamStoreTest, TheHookHearsWhereEveryWriteComesFrom)
+{
+    struct ShownRig : Rig
+    {
+        using Rig::finishConstruction;
+    };
+    auto rig = std::make_unique<ShownRig>();
+    juce::String heard;
+    juce::MemoryBlock state;
+    rig->origins = &heard;
+    rig->getStateInformation (state);
+    const auto press = [&] (int param) { rig->setParamUndoable (param, 1.0f, true); };
+    const auto ofAll = [] (const char* origin)
+    {
+        juce::String all;
+
+        for (int id = 0; id < 10; ++id)
+            all << id << origin;
+
+        return all;
+    };
+
+    const std::pair<std::function<void()>, juce::String> rows[] {
+        { [&] { rig->setParameter (Routing, 0.2f); }, "0host " },
+        { [&] { rig->setParameter (ToggleXY, 1.0f); }, "4host 3consequence " },
+        { [&] { rig->setParamUndoable (ToggleXY, 0.0f, true); }, "4user 3consequence " },
+        { [&] { press (Undo); }, "4undo 3undo " },
+        { [&] { press (Redo); }, "3undo 4undo " },
+        { [&] { rig->drawSource(); }, "3consequence " },
+        { [&] { rig->setFramerateCode (2); }, "1host " },
+        { [&] { rig->parameter (Routing).editedByGui = true, rig->setParamUndoable (Routing, 0.001f, true); },
+          "9000consequence 0user " },
+        { [&] { rig->setParameter (Routing, 0.1f); }, "0host " },   // held, and yet no choice of the user
+        { [&] { rig->setCurrentProgram (1); }, "" },
+        { [&] { rig->setParamDirect (Reveal, 0.5f, false), heard.clear(), press (ResetToPreset); },
+          "8reset 9109user " },
+        { [&] { press (AB); }, "9103swap " + ofAll ("swap ") },
+        { [&] { press (Undo); }, "9103undo " + ofAll ("undo ") },
+        { [&] { rig->setStateInformation (state.getData(), int (state.getSize())); }, ofAll ("load ") },
+        { [&] { rig->finishConstruction(), rig->stopTimer(); }, ofAll ("defaults ") },
+    };
+
+    for (const auto& [write, origins] : rows)
+    {
+        heard.clear(), rig->beginNewTransaction(), write();
+        EXPECT_EQ (heard.upToFirstOccurrenceOf ("9000defaults", false, false), origins) << &write - &rows[0].first;
+    }
+    EXPECT_EQ (rig->getParameter (Routing), 0.1f);
 }
 
 TEST (ParamStoreTest, IdsThatAreNoneShareARecordAndDoNothing)

@@ -19,7 +19,15 @@ struct Rig : platform::ScopedCommonProgramFilesFolder, DuoJudgeProcessor, juce::
     }
     void parameterChanged (int param, ParamOrigin origin) override
     {
-        ++hooks, DuoJudgeProcessor::parameterChanged (param, origin);
+        const char* const names[] {
+            "host", "user", "load", "swap", "preset", "reset", "defaults", "undo", "consequence"
+        };
+        ++hooks;
+
+        if (origins != nullptr)
+            *origins << param << names[static_cast<int> (origin)] << " ";
+
+        DuoJudgeProcessor::parameterChanged (param, origin);
     }
     bool updateFromParams() override { return DuoJudgeProcessor::updateFromParams() && updateSucceeds; }
     void processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer&) override
@@ -36,7 +44,8 @@ struct Rig : platform::ScopedCommonProgramFilesFolder, DuoJudgeProcessor, juce::
     void audioProcessorChanged (AudioProcessor*, const juce::AudioProcessorListener::ChangeDetails&) override {}
 
     juce::String told, heard;   // to the host; by the product, as "position+length "
+    juce::String* origins = nullptr;
     juce::MidiBuffer midi;
-    int hooks = 0;
+    std::atomic<int> hooks { 0 };
     bool updateSucceeds = true;
 };

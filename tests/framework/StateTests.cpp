@@ -88,7 +88,8 @@ TEST (StateTest, HooksHearTheProgramThatIsCurrentWhenTheLoadBegins)
     rig->hooks = 0, rig->told.clear();
     rig->load (root ("CURRENTPRESET='7'><PRESET3 ToggleAB='1' Resume='0.5' Stranger='1'/>"
                      "<PRESET7 Resume='0.25' ParamMapVersion='0.001'/><PRESET46 Resume='1'/>"));
-    EXPECT_EQ (rig->told + juce::String (rig->hooks), "3=1 4=0 5=0 6=0 7=0 8=0 9=0.5 10");
+    EXPECT_EQ (rig->told + juce::String (rig->hooks.load()), "3=0 4=0 5=0 6=0 7=0 8=0 9=0.25 10")
+        << "and the host what stands in the end";
     EXPECT_EQ (rig->getParamCode (Routing), 100);   // missing there: its default
     EXPECT_TRUE (rig->getCurrentProgram() == 7 && rig->getParameter (Resume) == 0.25f && rig->paramMapVersionFound);
     rig->load (root ("CURRENTPRESET='46'><PRESET7 PRESETNAME='last'/>"));

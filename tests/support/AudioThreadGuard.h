@@ -14,6 +14,7 @@ public:
         int allocations = 0;   // malloc and its kin, new and delete, and giving memory back
         int locks = 0;         // mutexes, reader-writer locks, semaphores and conditions, tried, taken or waited for
         int systemCalls = 0;   // files, sleeping, yielding, memory maps, and syscall()
+        int hostCalls = 0;     // what a host is told, by its own `note`
     };
 
     AudioThreadGuard() noexcept : outer (watching) { watching = this; }

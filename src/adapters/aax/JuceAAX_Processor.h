@@ -40,8 +40,8 @@ public:
     /** The algorithm: one real-time block for each context [audio thread]. */
     static void processContexts (void* const* first, void* const* last);
 
-    /** Processes a stretch of any length under the processor's callback lock [audio thread, or the host's render thread].
-        @returns false, and processes nothing, without samples or if a channel is null */
+    /** Processes a stretch of any length [audio thread, or the host's render thread].
+        @returns false, and processes nothing, without samples, if a channel is null, or for a block that meets a pass */
     bool process (const float* const* inputs, float* const* outputs, int numChannels, int numSamples, Mode mode);
 
     /** Tells the product what the host has the instance for, if that is new [the host's thread, or the audio thread]. */
@@ -87,6 +87,7 @@ private:
     double sampleRate = 96000.0;   // until the host speaks
     const int blockSize = 1024;    // samples: the longest that the host plays
     bool isPrepared = false;
+    std::atomic<bool> isProcessing { false };   // a block or a pass
 
     juce::CriticalSection chunkLock;
     juce::MemoryBlock chunk;   // the state that the host has asked the size of

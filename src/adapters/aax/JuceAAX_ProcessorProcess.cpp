@@ -47,9 +47,26 @@ bool JuceAAX_Processor::process (const float* const* inputs, float* const* outpu
     if (mode == Mode::realTime)
         setAudioSuite (false);
 
+    // A pass waits for the block that it meets. A block waits for nobody: one that meets a pass is silent.
+    while (isProcessing.exchange (true))
+    {
+        if (mode != Mode::realTime)
+        {
+            juce::Thread::yield();
+            continue;
+        }
+
+        for (int channel = 0; channel < numChannels; ++channel)
+            if (outputs[channel] != nullptr)
+                std::fill_n (outputs[channel], numSamples, 0.0f);
+
+        return false;
+    }
+
     processor->bypass = bypass != nullptr && bypass->GetValue();
-    const juce::ScopedLock lock (judge().getCallbackLock());
-    return processor->process (inputs, outputs, numChannels, numSamples, mode);
+    const auto isDone = processor->process (inputs, outputs, numChannels, numSamples, mode);
+    isProcessing = false;
+    return isDone;
 }
 
 juce::Optional<juce::AudioPlayHead::PositionInfo> JuceAAX_Processor::getPosition() const

@@ -177,7 +177,12 @@ tresult PLUGIN_API VST3Processor::process (ProcessData& data)
     if (data.inputParameterChanges != nullptr)
         applyParameterChanges (*data.inputParameterChanges);
 
-    return data.numSamples == 0 ? kResultOk : processAudio (data);
+    const auto result = data.numSamples == 0 ? kResultOk : processAudio (data);
+
+    if (data.outputParameterChanges != nullptr)
+        tellParameterChanges (*data.outputParameterChanges, data.numSamples);
+
+    return result;
 }
 
 void VST3Processor::applyParameterChanges (IParameterChanges& changes)
@@ -200,6 +205,18 @@ void VST3Processor::applyParameterChanges (IParameterChanges& changes)
         else if (tag != kProgramTag)
             judge().setParameter (idOf (tag), static_cast<float> (value));
     }
+}
+
+/** Tells the host at once what the sound has changed, so that no tick has to. */
+void VST3Processor::tellParameterChanges (IParameterChanges& changes, int32 numSamples)
+{
+    judge().takeSoundChanges (
+        [&] (int id, float value)
+        {
+            int32 index = 0;
+            auto* const queue = changes.addParameterData (static_cast<ParamID> (id), index);
+            return queue != nullptr && queue->addPoint (std::max (0, numSamples - 1), value, index) == kResultTrue;
+        });
 }
 
 tresult VST3Processor::processAudio (ProcessData& data)

@@ -55,6 +55,7 @@ private:
                    SpeakerArrangement output);
     void reconfigure();
     void applyParameterChanges (IParameterChanges& changes);
+    void tellParameterChanges (IParameterChanges& changes, int32 numSamples);
     tresult processAudio (ProcessData& data);
 
     MessageThread::User toolkit;   // goes last
