@@ -47,9 +47,7 @@ struct Story : EngineRig
                 mayStep = true;
                 break;
             case 2:
-                mayStep = true;
-                podStart = position;
-                addPod (std::array { 1, 2, 8 }[static_cast<std::size_t> (random.nextInt (3))]);
+                bringPod (std::array { 1, 2, 8 }[static_cast<std::size_t> (random.nextInt (3))]);
                 break;
             case 3:
                 set (SendGain, random.nextFloat()), processor->timerCallback();
@@ -81,6 +79,20 @@ struct Story : EngineRig
 
         if (action == 7 || processor->isVoteFadeActive())
             mayVoteUntil = mayFadeUntil;
+    }
+
+    /** Another pod comes in its place, or the one that is there gets another number of channels. */
+    void bringPod (int numChannels)
+    {
+        const auto stays = pod != nullptr && random.nextBool();
+
+        if (! stays || numChannels != podChannels)
+            podStart = position, mayStep = true;
+
+        if (stays)
+            pod->prepare (podChannels = numChannels, blockSize);
+        else
+            addPod (numChannels);
     }
 
     void listen (int numSamples)
