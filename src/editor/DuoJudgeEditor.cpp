@@ -25,6 +25,9 @@ DuoJudgeEditor::DuoJudgeEditor (DuoJudgeProcessor& processorToShow) :
 
 DuoJudgeEditor::~DuoJudgeEditor()
 {
+    if (processor.parameter (Choose).editedByGui)
+        processor.disarmVote();   // the hand loses it
+
     stopRendering();
 }
 
@@ -50,10 +53,14 @@ void DuoJudgeEditor::controlValueChanged (OxJuceControl& control)
 
 void DuoJudgeEditor::selectPod (int row)
 {
-    const juce::ScopedLock lock (processor.podLock);
+    const auto podId = [&]
+    {
+        const juce::ScopedLock lock (processor.podLock);
+        return juce::isPositiveAndBelow (row, processor.podIds.size()) ? processor.podIds[row] : baylink::kNoPod;
+    }();
 
-    if (juce::isPositiveAndBelow (row, processor.podIds.size()))
-        processor.connectToPod (processor.podIds[row]);
+    if (podId != baylink::kNoPod)
+        processor.connectToPod (podId);
 }
 
 void DuoJudgeEditor::resumeTest()
@@ -73,19 +80,13 @@ void DuoJudgeEditor::takeInstanceName()
 
 void DuoJudgeEditor::updateProductGui()
 {
-    const auto wasReleased = [this] (int paramId)
-    {
-        const auto& record = processor.parameter (paramId);
-        return record.changed && record.value == 0.0f;
-    };
-
-    if (wasReleased (EndTest))
+    if (const auto& end = processor.parameter (EndTest); end.changed && end.value == 0.0f)
     {
         updateStatistics();
         showNormalView();
     }
 
-    if (wasReleased (Choose))
+    if (processor.getVoteStatistics().votes != votesOnShow)
         confirmVote();
 
     chooseLineLeft.setVisible (m_btnSelect_X.isVisible() && m_btnSelect_X.getState() != 0);
@@ -100,12 +101,11 @@ void DuoJudgeEditor::updateProductGui()
 
 void DuoJudgeEditor::confirmVote()
 {
-    const auto votesOnShow = m_textNumOfVotes.getLabel (0);
+    const auto before = votesOnShow;
     updateStatistics();
 
-    // A window that has just opened is told of every parameter, votes or no.
-    if (m_textNumOfVotes.getLabel (0) == votesOnShow)
-        return;
+    if (votesOnShow < before)
+        return;   // a test has ended
 
     for (OxJuceButton* const button : { &m_btnSelect_X, &m_btnSelect_Y, &m_btnChoose })
         button->startOneShotFade (kVoteFadeStep, kVoteFadeStep);

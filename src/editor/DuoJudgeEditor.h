@@ -90,6 +90,7 @@ private:
 
     std::array<OxJuceScalableDynamicDisplayLevelMeter, 4> meters;   // as the processor's
     OxJuceOglFont bigLettersFont, font44;
+    int votesOnShow = 0;
     OxJuceLines sendGainLine, chooseLineLeft, chooseLineRight, statsLineLeft, statsLineRight;
 
     static constexpr const char* kUnnamed = "Self";

@@ -52,7 +52,7 @@ void DuoJudgeEditor::showNormalView()
 
 void DuoJudgeEditor::showTestView()
 {
-    m_textNumOfVotes.setSolidLabel (juce::String (processor.getVoteStatistics().votes), kAllStates);
+    updateStatistics();
     put (mainGrid, 1, 3, m_btnSelect_X);
     put (mainGrid, 3, 3, m_btnSelect_Y);
     put (mainGrid, 2, 1, chooseButtonGrid);
@@ -126,6 +126,7 @@ void DuoJudgeEditor::updateStatistics()
 {
     const auto votes = processor.getVoteStatistics();
     const auto hasVotes = votes.votes > 0;
+    votesOnShow = votes.votes;
     const auto write = [hasVotes] (OxJuceButton& field, const juce::String& text)
     { field.setSolidLabel (hasVotes ? text : "-", kAllStates); };
 

@@ -4,108 +4,65 @@
 #include "engine/ChannelRule.h"
 #include "platform/Vectorised.h"
 
+#include <cstdint>
+#include <cstdlib>
+
 namespace
 {
 
-/** A gain that moves by `increment` a sample for `length` samples and then stays at `end`. */
+/** The share of B, which moves by `increment` a sample. */
 struct Ramp
 {
-    float start, increment, end;
-    int length;
+    float start, increment;
 };
 
 /** The same signal on both sides passes unchanged, to the bit. */
 DUO_VECTORISED
-void mix (float* outgoing, const float* incoming, Ramp ramp, int numSamples)
+void mixInto (float* a, const float* b, float gainOfB, Ramp share, int numSamples)
 {
-    for (int i = 0; i < ramp.length; ++i)
-        outgoing[i] =
-            incoming[i] + (outgoing[i] - incoming[i]) * (ramp.start + static_cast<float> (i) * ramp.increment);
-
-    std::copy (incoming + ramp.length, incoming + numSamples, outgoing + ramp.length);
-}
-
-DUO_VECTORISED
-void scale (float* samples, Ramp ramp, int numSamples)
-{
-    for (int i = 0; i < ramp.length; ++i)
-        samples[i] *= ramp.start + static_cast<float> (i) * ramp.increment;
-
-    for (int i = ramp.length; i < numSamples; ++i)
-        samples[i] *= ramp.end;
-}
-
-DUO_VECTORISED
-void addPaired (float* destination, const float* source, Ramp ramp, int numSamples)
-{
-    for (int i = 0; i < ramp.length; ++i)
-        destination[i] += source[i] * (ramp.start + static_cast<float> (i) * ramp.increment) * channelRule::kPairGain;
-
-    for (int i = ramp.length; i < numSamples; ++i)
-        destination[i] += source[i] * ramp.end * channelRule::kPairGain;
-}
-
-/** Of buffers that differ in their number of channels. */
-void addIncoming (juce::AudioSampleBuffer& outgoing, const juce::AudioSampleBuffer& incoming, Ramp ramp)
-{
-    const auto from = incoming.getNumChannels(), to = outgoing.getNumChannels();
-    const auto numSamples = outgoing.getNumSamples();
-
-    if (from < 1 || to < 1 || from > 2 || to > 2)
-        return;
-
-    for (int channel = 0; channel < std::max (from, to); ++channel)
-        addPaired (outgoing.getWritePointer (std::min (channel, to - 1)),
-                   incoming.getReadPointer (std::min (channel, from - 1)), ramp, numSamples);
+    for (int i = 0; i < numSamples; ++i)
+        a[i] += (b[i] * gainOfB - a[i]) * (share.start + static_cast<float> (i) * share.increment);
 }
 
 }   // namespace
 
-bool Crossfade::step (juce::AudioSampleBuffer& outgoing, const juce::AudioSampleBuffer& incoming) noexcept
+void Crossfade::setSampleRate (int hertz) noexcept
 {
     constexpr int fadeMilliseconds = 40;
-    const auto numSamples = outgoing.getNumSamples();
+    lengthAtRate = hertz * fadeMilliseconds / 1000;
+}
 
-    if (numSamples == 0)
+void Crossfade::setLength (int samples) noexcept
+{
+    position = static_cast<int> ((std::int64_t { position } * samples + length / 2) / length);
+    length = samples;
+}
+
+bool Crossfade::mix (juce::AudioSampleBuffer& a, const juce::AudioSampleBuffer& b, Side side) noexcept
+{
+    const auto numSamples = a.getNumSamples();
+
+    if (const auto wanted = lengthAtRate > 0 ? lengthAtRate : numSamples; wanted > 0 && wanted != length)
+        setLength (wanted);
+
+    if (side == Side::a && position == 0)
         return false;
 
-    if (fadeLength == 0)
-        fadeLength = sampleRate * fadeMilliseconds / 1000;
+    const auto direction = side == Side::a ? -1 : 1;
+    const auto inFade = std::min (numSamples, side == Side::a ? position : length - position);
+    const Ramp share { static_cast<float> (position) / static_cast<float> (length),
+                       static_cast<float> (direction) / static_cast<float> (length) };
+    position += direction * inFade;
 
-    if (fadeLength == 0)
-        fadeLength = numSamples;
-
-    if (fadeRemaining == 0)
-        fadeRemaining = fadeLength;
-
-    const auto length = std::min (fadeRemaining, numSamples);
-    fadeRemaining -= length;
-    const auto endGain = std::max (0.0f, static_cast<float> (fadeRemaining) / static_cast<float> (fadeLength));
-    const auto increment = (endGain - fadeGain) / static_cast<float> (length);
-
-    const auto numChannels = outgoing.getNumChannels();
-
-    // What follows the ramp within the block lies after the fade.
-    if (numChannels == incoming.getNumChannels() && numChannels <= 2)
+    for (int channel = 0; channel < std::min (a.getNumChannels(), channelRule::kMaxCompared); ++channel)
     {
-        for (int channel = 0; channel < numChannels; ++channel)
-            mix (outgoing.getWritePointer (channel), incoming.getReadPointer (channel),
-                 { fadeGain, increment, 0.0f, length }, numSamples);
-    }
-    else
-    {
-        for (int channel = 0; channel < numChannels; ++channel)
-            scale (outgoing.getWritePointer (channel), { fadeGain, increment, 0.0f, length }, numSamples);
+        const auto partner = channelRule::findPartner (b.getNumChannels(), a.getNumChannels(), channel);
+        const auto* const source = b.getReadPointer (partner.channel);
+        mixInto (a.getWritePointer (channel), source, partner.gain, share, inFade);
 
-        addIncoming (outgoing, incoming, { 1.0f - fadeGain, -increment, 1.0f, length });
+        if (side == Side::b)
+            a.copyFrom (channel, inFade, source + inFade, numSamples - inFade, partner.gain);
     }
 
-    fadeGain = endGain;
-
-    if (fadeRemaining > 0)
-        return false;
-
-    fadeLength = 0;
-    fadeGain = 1.0f;
-    return true;
+    return inFade > 0;
 }

@@ -3,21 +3,33 @@
 
 #include <juce_audio_basics/juce_audio_basics.h>
 
-/** Linear crossfade of 40 ms between two buffers [audio thread].
+/** Linear crossfade of 40 ms between the sources A and B [audio thread].
 
-    A fade runs across as many blocks as it takes. When the buffers change places half way, so do the two gains, and the
-    fade goes on from there. Nothing allocates. Before a sample rate is known a fade lasts one block. */
+    It stands at A, at B or on the way, and goes where it is told: turned round half way, it goes back from there. A fade
+    runs across as many blocks as it takes. Nothing allocates. Before a sample rate is known a fade lasts one block. */
 class Crossfade
 {
 public:
-    /** Mixes `incoming` into `outgoing`, in place; both hold the same number of samples.
-        @returns true with the block in which the fade ends */
-    bool step (juce::AudioSampleBuffer& outgoing, const juce::AudioSampleBuffer& incoming) noexcept;
+    enum class Side
+    {
+        a,
+        b
+    };
 
-    void setSampleRate (int hertz) noexcept { sampleRate = hertz; }
+    /** Replaces the first two channels of `a` by what is heard on the way to `side`, in place; where it stands at that side
+        they are A or B to the bit. All others stay. Both hold the same number of samples.
+        @returns true when it was on its way, in any part of the block */
+    bool mix (juce::AudioSampleBuffer& a, const juce::AudioSampleBuffer& b, Side side) noexcept;
+
+    /** Stands at A at once: there is no B to come from. */
+    void settleOnA() noexcept { position = 0; }
+
+    void setSampleRate (int hertz) noexcept;
 
 private:
-    int fadeLength = 0, fadeRemaining = 0;   // samples; 0 between fades
-    float fadeGain = 1.0f;                   // of the outgoing buffer
-    int sampleRate = 0;                      // hertz, 0 until prepared
+    void setLength (int samples) noexcept;
+
+    int lengthAtRate = 0;   // samples; 0 until a rate is known
+    int length = 1;         // of the fade, in samples
+    int position = 0;       // samples away from A, `length` at B
 };

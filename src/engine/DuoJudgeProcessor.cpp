@@ -17,6 +17,17 @@ const ProductNames& getProductNames() noexcept
     return names;
 }
 
+namespace
+{
+
+/** Brings a whole set of values, or a step of the history, in which all consequences are already. */
+bool isSetOrStep (ParamOrigin origin)
+{
+    return origin != ParamOrigin::host && origin != ParamOrigin::user && origin != ParamOrigin::consequence;
+}
+
+}   // namespace
+
 DuoJudgeProcessor::DuoJudgeProcessor (int typeOfWrapper) : OxJuceProcessorBase (typeOfWrapper)
 {
     numParams = 10;
@@ -45,9 +56,6 @@ void DuoJudgeProcessor::initialiseProduct()
     selectedPodId = baylink::kNoPod;
     podBuffer = std::make_unique<juce::AudioSampleBuffer> (1, 1);
     updateFromParams();
-    voteFadeActive = false;
-    crossfadePending = false;
-    clearVotes();
     setInstanceName ({});
     nameChanged = false;
     const auto host = getHostType();
@@ -84,10 +92,21 @@ void DuoJudgeProcessor::parameterChanged (int paramId, ParamOrigin origin)
     const auto& record = parameter (paramId);
     const float value = record.value;
 
+    if (isSetOrStep (origin) && paramId < kPersistentIdBase)
+    {
+        ballot.disarm();   // what is held was pressed in another set, or at another time
+
+        if (origin != ParamOrigin::undo)
+            ballot.endFade();   // the set holds the selection
+    }
+
+    if (paramId == Choose)
+        chooseWritten (record, origin);
+
     if (value == record.previousValue)
         return;
 
-    // A parameter that is only shown at construction has pressed, flipped and voted nothing.
+    // A parameter that is only shown at construction has pressed and flipped nothing.
     if (record.previousValue == kNeverWritten)
     {
         requestUpdate();
@@ -97,29 +116,48 @@ void DuoJudgeProcessor::parameterChanged (int paramId, ParamOrigin origin)
     switch (paramId)
     {
         case ToggleAB:
-            crossfadePending = true;
+        case Choose:
+        case ShowBaseMenu:
             break;
         case ToggleXY:
             flipSource (origin);
             break;
-        case Choose:
-            if (value == 0.0f)
-                countVote();
-            break;
         case EndTest:
-            clearVotes();
-            break;
-        case ShowBaseMenu:
+            ballot.clear();
+            guiUpdatePending = true;
             break;
         case SendGain:
             if (selectedPodId != baylink::kNoPod && manager != nullptr)
                 manager->setPodGain (selectedPodId, value);
             requestUpdate();
             break;
+        case Reveal:
+            ballot.endFade();
+            [[fallthrough]];
         default:
             requestUpdate();
             break;
     }
+}
+
+/** The host hears of what a user presses, and may write it again at any time soon, as a press and a release of its own.
+    Nothing but the time tells those from automation: for a while after a user's press none of the host's counts. */
+void DuoJudgeProcessor::chooseWritten (const OxParamRecord& record, ParamOrigin origin)
+{
+    constexpr int longestEcho = 40;   // ticks: two seconds
+    const float value = record.value;
+    const auto byUser = origin == ParamOrigin::user, byHost = origin == ParamOrigin::host;
+
+    if (value == record.previousValue || ! (byUser || byHost))
+        return;
+
+    if (value > 0.0f && byUser)
+        echoesUntil = ticks + longestEcho;
+
+    if (value > 0.0f && (byUser || ticks >= echoesUntil))
+        ballot.press();
+    else if (value == 0.0f && ballot.release (parameter (ToggleAB).value != 0.0f))
+        guiUpdatePending = true;   // the window may have looked since the value was stored
 }
 
 void DuoJudgeProcessor::flipSource (ParamOrigin origin)
@@ -131,28 +169,6 @@ void DuoJudgeProcessor::flipSource (ParamOrigin origin)
         setParamUndoable (ToggleAB, flipped, true, ParamOrigin::consequence);
     else if (origin == ParamOrigin::host || origin == ParamOrigin::consequence)
         setParamInSound (ToggleAB, flipped);
-}
-
-void DuoJudgeProcessor::countVote()
-{
-    voteCount += 1;
-
-    if (voteCount > 0)
-    {
-        if (parameter (ToggleAB).value == 0.0f)
-            votesForA += 1;
-        else
-            votesForB += 1;
-    }
-
-    voteFadeActive = true;
-}
-
-void DuoJudgeProcessor::clearVotes()
-{
-    voteCount = 0;
-    votesForA = 0;
-    votesForB = 0;
 }
 
 void DuoJudgeProcessor::drawSource()

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/Ballot.h"
 #include "engine/Coin.h"
 #include "engine/Crossfade.h"
 #include "engine/VoteFade.h"
-#include "engine/VoteStatistics.h"
 #include "framework/OxJuceProcessorBase.h"
 #include "framework/ProductNames.h"
 #include "metering/OxJuceObserverRmsMeter.h"
@@ -51,8 +51,8 @@ enum ParamId : int
 /** The plug-in on source A's track: delays it by 4096 samples, so that source B can be read from a pod beside it, and lets
     one of them out.
 
-    `ToggleAB` chooses, openly or not: in a test the listener turns it by `ToggleXY` without seeing where it stands. A
-    release of `Choose` votes for what plays; then a toss sets `ToggleAB` for the next round while a fade keeps silence. */
+    `ToggleAB` chooses, openly or not: in a test the listener turns it by `ToggleXY` without seeing where it stands. Pressing
+    and releasing `Choose` votes for what plays; then a toss sets `ToggleAB` for the next round while a fade keeps silence. */
 class DuoJudgeProcessor : public OxJuceProcessorBase, public OxJucePodUser
 {
 public:
@@ -69,14 +69,18 @@ public:
     /** Replaces the coin of the draw; only while no audio runs. */
     void setCoin (Coin newCoin) { coin = std::move (newCoin); }
 
-    /** Makes `podId` source B, or none with -1; the pod brings its own send gain along [message thread holding `podLock`,
-        or a manager's callback]. */
+    /** Makes `podId` source B, or none with -1; the pod brings its own send gain along [message thread]. */
     void connectToPod (baylink::PodId podId);
 
-    /** The votes so far [any thread]; three words that a vote may change one after the other. */
-    VoteStatistics getVoteStatistics() const noexcept { return { voteCount, votesForA, votesForB }; }
+    /** The votes so far [any thread]. */
+    VoteStatistics getVoteStatistics() const noexcept { return ballot.getStatistics(); }
     baylink::PodId getSelectedPodId() const noexcept { return selectedPodId; }
-    bool isVoteFadeActive() const noexcept { return voteFadeActive; }
+
+    /** A vote is cast and its fade not over [any thread]: until then no other one counts. */
+    bool isVoteFadeActive() const noexcept { return ballot.isFading(); }
+
+    /** Who holds `Choose` in the window cannot let go of it any more [message thread]. */
+    void disarmVote() noexcept { ballot.disarm(); }
 
     /** What `getParameterText` would say if the parameter held `value`; a code in force (routing, frame rate, map version)
         is told as it is. */
@@ -111,6 +115,7 @@ public:
     void writeExtraState (juce::XmlElement& xml) override;
     void readExtraState (const juce::XmlElement& xml) override;
     void processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) override;
+    void bypassAudio (const juce::AudioSampleBuffer& block) override;
     void prepareAudio (double newSampleRate, int newBlockSize) override;
     bool updateFromParams() override;
     void timerTick() override;
@@ -144,29 +149,28 @@ private:
     void addParameters();
     juce::String getRoutingText (const juce::StringArray& names);
 
-    void holdPod (baylink::PodId podId);
-    bool readPod (int numSamples);
+    bool holdPod (baylink::PodId podId);
+    void takeUpPod (baylink::PodId podId);
+    int readPod (int numSamples);
+    juce::AudioSampleBuffer viewPod (int numChannels, int numSamples);
     bool readsAtTimeline();
-    void selectSource (juce::AudioSampleBuffer& block, bool podRead);
     void applyVoteFade (juce::AudioSampleBuffer& block);
 
     void flipSource (ParamOrigin origin);
-    void countVote();
-    void clearVotes();
+    void chooseWritten (const OxParamRecord& record, ParamOrigin origin);
     void requestUpdate();
 
     std::array<OxJuceObserverRmsMeter, 4> meters;
-    std::array<CDelayFilter<float>, 2> delays { CDelayFilter<float> (65536), CDelayFilter<float> (65536) };
+    std::vector<std::unique_ptr<CDelayFilter<float>>> delays;   // one a channel
     Crossfade fader;
     VoteFade voteFade;
-    std::unique_ptr<juce::AudioSampleBuffer> podBuffer;              // what the pod gave for the block [audio thread]
+    std::unique_ptr<juce::AudioSampleBuffer> podBuffer;              // room for a block of any pod [audio thread]
+    baylink::PodId heardPodId = baylink::kNoPod;                     // read for the last block [audio thread]
     std::atomic<baylink::PodId> selectedPodId { baylink::kNoPod };   // source B
     Relaxed<bool> detectTimestamps = true;                           // this host's positions can be trusted
     Relaxed<float> podGain = 1.0f;                                   // linear, from `SendGain`
-    Relaxed<bool> voteFadeActive = false;     // raised by a vote, lowered at the fade's end [audio thread]
-    bool wantedB = false;                     // `ToggleAB` at the last block [audio thread]
-    Relaxed<bool> crossfadePending = false;   // raised by a change, lowered at the fade's end [audio thread]
-    Relaxed<int> voteCount = 0, votesForA = 0, votesForB = 0;
+    Ballot ballot;
+    Relaxed<int> ticks = 0, echoesUntil = 0;   // of the timer; until when the host's presses may be the user's
     Coin coin = makeFairCoin();
     mutable juce::CriticalSection nameLock;
     juce::String instanceName;   // guarded by nameLock: hosts save and load on threads of their own

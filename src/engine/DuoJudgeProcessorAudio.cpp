@@ -16,8 +16,16 @@ void DuoJudgeProcessor::prepareAudio (double newSampleRate, int newBlockSize)
     if (getLatencySamples() != baylink::kMatchedLatency)
         setLatencySamples (baylink::kMatchedLatency);   // tells the host
 
+    constexpr int delayCapacity = 65536;   // samples: the room beyond the delay is what one run may hold
+    delays.resize (static_cast<std::size_t> (getMaxNumChannels()));
+
     for (auto& line : delays)
-        line.setDelay (baylink::kMatchedLatency);
+    {
+        if (line == nullptr)
+            line = std::make_unique<CDelayFilter<float>> (delayCapacity);
+
+        line->setDelay (baylink::kMatchedLatency);
+    }
 
     // Not a number counts as unknown, and no rate is beyond what a fade can be counted in.
     constexpr auto highestRate = 1536000.0;
@@ -34,56 +42,94 @@ void DuoJudgeProcessor::prepareAudio (double newSampleRate, int newBlockSize)
 
 void DuoJudgeProcessor::processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer&)
 {
-    const auto numChannels = std::min (block.getNumChannels(), static_cast<int> (delays.size()));
     const auto numSamples = block.getNumSamples();
 
     if (numSamples == 0 || podBuffer == nullptr)
         return;
 
-    podBuffer->setSize (numChannels, numSamples, false, false, true);
-    podBuffer->clear();
+    for (int channel = 0; channel < std::min (block.getNumChannels(), static_cast<int> (delays.size())); ++channel)
+        delays[static_cast<std::size_t> (channel)]->process (block.getWritePointer (channel), numSamples);
 
-    for (int channel = 0; channel < numChannels; ++channel)
-        delays[static_cast<std::size_t> (channel)].process (block.getWritePointer (channel), numSamples);
+    const auto numCompared = std::min (block.getNumChannels(), channelRule::kMaxCompared);
 
-    for (int channel = 0; channel < numChannels; ++channel)
+    for (int channel = 0; channel < numCompared; ++channel)
         getMeter (2 * channel).process (block);
 
-    const auto podRead = readPod (numSamples);
-    selectSource (block, podRead);
+    const auto numPodChannels = readPod (numSamples);
+    auto pod = viewPod (numPodChannels > 0 ? numPodChannels : numCompared, numSamples);
 
-    if (voteFadeActive)
-        applyVoteFade (block);
+    if (numPodChannels == 0)
+    {
+        pod.clear();
+        fader.settleOnA();   // with nothing to fade to, nothing happens to the sound
+    }
+    else if (const auto side = parameter (ToggleAB).value == 0.0f ? Crossfade::Side::a : Crossfade::Side::b;
+             fader.mix (block, pod, side) && side == Crossfade::Side::a)
+    {
+        pod.clear();
+    }
 
-    for (int channel = 0; channel < numChannels; ++channel)
-        getMeter (2 * channel + 1).process (*podBuffer);
+    applyVoteFade (block);
+
+    for (int channel = 0; channel < numCompared; ++channel)
+        getMeter (2 * channel + 1).process (pod);
 }
 
-bool DuoJudgeProcessor::readPod (int numSamples)
+void DuoJudgeProcessor::bypassAudio (const juce::AudioSampleBuffer& block)
 {
+    const auto numSamples = block.getNumSamples();
+
+    if (numSamples == 0 || podBuffer == nullptr)
+        return;
+
+    // All goes on unheard, so that what leaves afterwards is what it would have been, from A on, which leaves meanwhile.
+    for (int channel = 0; channel < std::min (block.getNumChannels(), static_cast<int> (delays.size())); ++channel)
+        delays[static_cast<std::size_t> (channel)]->push (block.getReadPointer (channel), numSamples);
+
+    readPod (numSamples);
+    fader.settleOnA();
+    auto unheard = viewPod (1, numSamples);
+    applyVoteFade (unheard);
+}
+
+/** @returns how many channels of the pod's block are there now; 0 when there is no pod to be heard */
+int DuoJudgeProcessor::readPod (int numSamples)
+{
+    podBuffer->setSize (baylink::kMaxPodChannels, numSamples, false, false, true);
+    const auto lastPodId = std::exchange (heardPodId, baylink::kNoPod);
+
     if (manager == nullptr || selectedPodId == baylink::kNoPod)
-        return false;
+        return 0;
 
     const juce::ScopedLock lock (podLock);
     const baylink::PodId podId = selectedPodId;
     const auto info = manager->getPodInfo (podId);
 
     if (info.valid == 0 || info.numChannels < 1 || info.numChannels > baylink::kMaxPodChannels)
-        return false;
+        return 0;
 
-    podBuffer->setSize (info.numChannels, numSamples, false, false, true);
-    podBuffer->clear();
+    if (heardPodId = podId; podId != lastPodId)
+        fader.settleOnA();
+
+    viewPod (info.numChannels, numSamples).clear();
 
     if (managerHearsOfPlaying)
         manager->setPlaying (id, hostPlays);
 
+    // All channels' arrays are there, also those that the pod may get meanwhile.
     if (readsAtTimeline())
         manager->readAudioAt (id, podBuffer->getArrayOfWritePointers(), numSamples, podId, blockStartSample);
     else
         manager->readAudio (id, podBuffer->getArrayOfWritePointers(), numSamples, podId);
 
-    podBuffer->applyGain (podGain);
-    return true;
+    viewPod (info.numChannels, numSamples).applyGain (podGain);
+    return info.numChannels;
+}
+
+/** The first channels of `podBuffer`. */
+juce::AudioSampleBuffer DuoJudgeProcessor::viewPod (int numChannels, int numSamples)
+{
+    return { podBuffer->getArrayOfWritePointers(), numChannels, numSamples };
 }
 
 bool DuoJudgeProcessor::readsAtTimeline()
@@ -106,42 +152,27 @@ bool DuoJudgeProcessor::readsAtTimeline()
     }
 }
 
-void DuoJudgeProcessor::selectSource (juce::AudioSampleBuffer& block, bool podRead)
-{
-    // A change may be written but not announced yet, or announced while the last one was being finished.
-    const auto wantsB = parameter (ToggleAB).value != 0.0f;
-
-    if (std::exchange (wantedB, wantsB) != wantsB)
-        crossfadePending = true;
-
-    if (wantsB && podRead)
-    {
-        if (! crossfadePending)
-            channelRule::copy (block, *podBuffer);
-        else if (fader.step (block, *podBuffer))
-            crossfadePending = false;
-    }
-    else if (crossfadePending)
-    {
-        if (fader.step (*podBuffer, block))
-            crossfadePending = false;
-
-        channelRule::copy (block, *podBuffer);
-        podBuffer->clear();
-    }
-}
-
 void DuoJudgeProcessor::applyVoteFade (juce::AudioSampleBuffer& block)
 {
-    switch (voteFade.apply (block))
+    using Phase = Ballot::Phase;
+    auto phase = ballot.getPhase();
+
+    if (phase == Phase::cast && ballot.advance (Phase::cast, Phase::falling))
+        phase = Phase::falling;
+
+    if (phase == Phase::falling)
     {
-        case VoteFade::Event::silent:
-            drawSource();
-            break;
-        case VoteFade::Event::finished:
-            voteFadeActive = false;
-            break;
-        case VoteFade::Event::none:
-            break;
+        if (! voteFade.fall (block) || ! ballot.advance (Phase::falling, Phase::rising))
+            return;
+
+        drawSource();
+
+        // If the pod went during the draw, nobody ends what was over: the selection is put back here.
+        if (heardPodId != baylink::kNoPod && selectedPodId == baylink::kNoPod)
+            setParamInSound (ToggleAB, 0.0f);
+    }
+    else if (phase == Phase::rising && voteFade.rise (block))
+    {
+        ballot.advance (Phase::rising, Phase::idle);
     }
 }

@@ -20,47 +20,45 @@ void multiply (float* samples, const float* gains, int numSamples)
 void VoteFade::setSampleRate (int hertz)
 {
     // A whole ramp takes 50 ms; an infinite step before a rate is known.
-    stepOfRamps = -2000.0f / (static_cast<float> (hertz) * 100.0f);
+    const auto step = 2000.0f / (static_cast<float> (hertz) * 100.0f);
+    const auto formerLength = falling.size();
     falling.clear();
-    rising.clear();
 
-    for (auto gain = 1.0f; gain > 0.0f; gain += stepOfRamps)
+    for (auto gain = 1.0f; gain > 0.0f; gain -= step)
         falling.push_back (gain);
 
-    for (auto gain = 0.0f; gain < 1.0f; gain -= stepOfRamps)
-        rising.push_back (gain);
+    rising.assign (1, 0.0f);
+    rising.insert (rising.end(), falling.rbegin(), falling.rend() - 1);
 
-    position = std::min (position, static_cast<int> (std::min (falling.size(), rising.size())) - 1);
+    if (formerLength > 0)
+        depth =
+            static_cast<int> ((static_cast<std::size_t> (depth) * falling.size() + formerLength / 2) / formerLength);
 }
 
-VoteFade::Event VoteFade::apply (juce::AudioSampleBuffer& block) noexcept
+bool VoteFade::fall (juce::AudioSampleBuffer& block) noexcept
 {
-    if (voteFadeStep == 0.0f)
-    {
-        voteFadeStep = stepOfRamps;
-        position = 0;
-    }
-
-    const auto isRising = voteFadeStep > 0.0f;
-    const auto& ramp = isRising ? rising : falling;
     const auto numSamples = block.getNumSamples();
-    const auto inRamp = std::min (numSamples, static_cast<int> (ramp.size()) - position);
+    const auto inRamp = std::min (numSamples, static_cast<int> (falling.size()) - depth);
 
     for (int channel = 0; channel < block.getNumChannels(); ++channel)
     {
         auto* const samples = block.getWritePointer (channel);
-        multiply (samples, ramp.data() + position, inRamp);
-
-        if (! isRising)
-            juce::FloatVectorOperations::multiply (samples + inRamp, 0.0f, numSamples - inRamp);
+        multiply (samples, falling.data() + depth, inRamp);
+        juce::FloatVectorOperations::multiply (samples + inRamp, 0.0f, numSamples - inRamp);
     }
 
-    position += inRamp;
+    depth += inRamp;
+    return depth == static_cast<int> (falling.size());
+}
 
-    if (position < static_cast<int> (ramp.size()))
-        return Event::none;
+bool VoteFade::rise (juce::AudioSampleBuffer& block) noexcept
+{
+    const auto inRamp = std::min (block.getNumSamples(), depth);
 
-    position = 0;
-    voteFadeStep = isRising ? 0.0f : -voteFadeStep;
-    return isRising ? Event::finished : Event::silent;
+    for (int channel = 0; channel < block.getNumChannels(); ++channel)
+        multiply (block.getWritePointer (channel), rising.data() + rising.size() - static_cast<std::size_t> (depth),
+                  inRamp);
+
+    depth -= inRamp;
+    return depth == 0;
 }

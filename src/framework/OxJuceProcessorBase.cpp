@@ -147,6 +147,8 @@ void OxJuceProcessorBase::processBlockBypassed (juce::AudioSampleBuffer& block, 
     if (isSuspended())
         return;
 
+    updateTransport();
+    bypassAudio (block);
     delayLines.process (block, getLatencySamples());
 }
 

@@ -54,6 +54,9 @@ public:
     virtual void processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer& midi) = 0;
     virtual void prepareAudio (double, int) {}
 
+    /** What a bypassed product would have got for a block [audio thread]: it may keep up with it, and changes nothing. */
+    virtual void bypassAudio (const juce::AudioSampleBuffer&) {}
+
     /** The host has the instance for offline passes from now on, or plays it again [its thread, or the audio thread]. */
     virtual void audioSuiteChanged (bool) {}
 

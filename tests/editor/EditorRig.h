@@ -102,6 +102,20 @@ struct EditorRig : EngineRig
     {
         return controls ([] (const auto&) { return true; });
     }
+    /** What brightens, a frame from now. */
+    juce::String highlighted()
+    {
+        struct Overlay : OxJuceControlWithHelpers
+        {
+            using OxJuceControlWithHelpers::stepFade, OxJuceControlWithHelpers::getFadeLevel;
+        };
+        return controls (
+            [] (auto& control)
+            {
+                auto* const faded = dynamic_cast<OxJuceControlWithHelpers*> (&control);
+                return faded != nullptr && ((faded->*&Overlay::stepFade)(), (faded->*&Overlay::getFadeLevel)() > 0.0f);
+            });
+    }
     juce::String locked()
     {
         return controls ([] (const auto& control) { return control.isLocked(); });

@@ -26,9 +26,11 @@ TEST (EditorTest, CountsVotesAndConfirmsThemUntilTheFadeIsOver)
     EXPECT_EQ (rig.lines(), ">");
     rig.press ("m_btnChoose");
     EXPECT_EQ (rig.text ("m_textNumOfVotes"), "0") << "a vote is cast on release";
+    EXPECT_EQ (rig.highlighted(), "");
     rig.release();
     EXPECT_EQ (rig.text ("m_textNumOfVotes"), "1");
     EXPECT_EQ (rig.locked(), "btnChoose btnSelect_X btnSelect_Y");
+    EXPECT_EQ (rig.highlighted(), "btnChoose btnSelect_X btnSelect_Y");
     EXPECT_EQ (rig.dimmed(), "");
     rig.click ("m_btnChoose");
     EXPECT_EQ (rig.processor->getVoteStatistics().votes, 1);
@@ -140,6 +142,7 @@ TEST (EditorTest, StaysOrComesBackToTheNormalViewWhenThePodGoes)
         EXPECT_EQ (rig.shown(), kNormal) << held;
         EXPECT_EQ (rig.locked(), "btnSelect_A btnSelect_B btnTest") << held;
         EXPECT_EQ (rig.processor->getParameter (duoJudge::Test), 0.0f) << held;
+        EXPECT_EQ (rig.processor->getVoteStatistics().votes, 0) << held;
     }
 }
 
@@ -224,6 +227,7 @@ TEST (EditorTest, OpensAnewInTheNormalViewHoweverItWasClosed)
         rig.close();
         EXPECT_EQ (rig.processor->getParameter (Choose) + rig.processor->getParameter (Reveal), 0.0f) << held;
         const auto votes = rig.processor->getVoteStatistics().votes;
+        EXPECT_EQ (votes, 1) << "what is held votes for nothing";
         rig.move (rig.pointer);
         rig.open();
         EXPECT_EQ (rig.shown(), kNormal) << held;
@@ -280,6 +284,7 @@ TEST (ThreadsTest, AudioAndFramesGoOnWhileUserHostAndPodsDoAsTheyLike)
     stop = true;
     audio.join(), automation.join();
     EXPECT_EQ (rig.processor->getSelectedPodId(), baylink::kNoPod);
+    rig.run (8192);                                  // the last vote's fade
     rig.EngineRig::click (EndTest).click (Choose);   // one of the two writes is a change, whatever the others left
     const auto votes = rig.processor->getVoteStatistics();
     EXPECT_EQ (std::pair (votes.votes, votes.votesForA + votes.votesForB), std::pair (1, 1));

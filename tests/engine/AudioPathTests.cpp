@@ -8,9 +8,9 @@ TEST (AudioPathTest, OwnSignalLeaves4096SamplesLateWithoutAPod)
 {
     EngineRig rig;
     EXPECT_EQ (rig.processor->getLatencySamples(), 4096);
-    rig.set (ToggleAB, 1.0f).expect (3000, {});
-    rig.set (ToggleAB, 0.0f).run (1764);
-    rig.expect (9000, noise (1));
+
+    for (const auto toggle : { 1.0f, 0.0f, 1.0f })
+        rig.set (ToggleAB, toggle).expect (3000, noise (1));
 }
 
 TEST (AudioPathTest, SameAudioOnAAndBIsTheSameToTheBitAcrossTheSwitch)
@@ -46,8 +46,8 @@ TEST (CrossfadeTest, IsLinearOverFortyMillisecondsAcrossBlocksAndTurnsRoundHalfW
     expectFade (1.0f, 1765, 1.0f, 1764, 1.0f, -1.0f);
     expectFade (0.0f, 640, 1.0f, 1764, -1.0f, 1.0f);
 
-    // The gain that B had goes on as that of A, the outgoing one now, and falls over what was left.
-    expectFade (1.0f, 1764 - 640 + 1, 1.0f - 640.0f / 1764.0f, 1764 - 640, 1.0f, -1.0f);
+    // A has come up to this gain, and goes down again from there.
+    expectFade (1.0f, 640 + 1, 640.0f / 1764.0f, 640, 1.0f, -1.0f);
 }
 
 TEST (ChannelPairTest, PodReachesTheTrackAtItsGain)
@@ -63,22 +63,18 @@ TEST (ChannelPairTest, PodReachesTheTrackAtItsGain)
     }
 }
 
-TEST (ChannelPairTest, CrossfadeMixesEveryPairAtItsGainInOneBlockBeforeTheSampleRateIsKnown)
+TEST (CrossfadeTest, LastsOneBlockBeforeTheSampleRateIsKnown)
 {
-    constexpr auto kPair = channelRule::kPairGain;
+    Crossfade fader;
 
-    for (const auto& [from, to, sum] :
-         { std::tuple { 1, 1, 1.0f }, { 2, 2, 1.0f }, { 1, 2, kPair }, { 2, 1, 2.0f * kPair } })
+    for (const auto& [side, length, expected] :
+         { std::tuple (Crossfade::Side::b, 4, 0.5f), { Crossfade::Side::b, 8, 1.0f }, { Crossfade::Side::a, 2, 1.0f } })
     {
-        Crossfade fader;
-        juce::AudioSampleBuffer outgoing (to, 4), incoming (from, 4);
-        outgoing.clear();
-
-        for (int channel = 0; channel < from; ++channel)
-            std::fill_n (incoming.getWritePointer (channel), 4, 1.0f);
-
-        EXPECT_TRUE (fader.step (outgoing, incoming));
-        EXPECT_FLOAT_EQ (outgoing.getSample (to - 1, 2), 0.5f * sum) << from << " to " << to;
+        juce::AudioSampleBuffer own (1, length), pod (1, length);
+        own.clear();
+        std::fill_n (pod.getWritePointer (0), length, 1.0f);
+        EXPECT_EQ (fader.mix (own, pod, side), length != 8);
+        EXPECT_EQ (own.getSample (0, length - 2), expected) << length;
     }
 }
 
@@ -93,14 +89,13 @@ TEST (AudioPathTest, SendGainReachesThePodAtTheNextTick)
     EXPECT_EQ (rig.pod->manager->getPodInfo (rig.pod->id).gain, 1.0f);
 }
 
-TEST (AudioPathTest, LostPodGivesTheOwnSignalBackAfterACrossfadeAndListensAgainWhenItReturns)
+TEST (AudioPathTest, LostPodGivesTheOwnSignalBackAtOnceAndFadesInWhenItReturns)
 {
     EngineRig rig;
     rig.addPod().set (ToggleAB, 1.0f).run (8192);
     rig.pod.reset();
     EXPECT_EQ (rig.processor->getSelectedPodId(), baylink::kNoPod);
     EXPECT_EQ (rig.processor->getParameter (ToggleAB), 0.0f);
-    rig.run (1792);
     rig.expect (640, noise (1));
     rig.addPod().set (ToggleAB, 1.0f).run (8192);
     rig.expect (640, noise (2));
@@ -128,21 +123,44 @@ TEST (AudioPathTest, MetersReadTheirOwnSignalThreeDecibelsUpAndAreSilentWhenTheH
     }
 }
 
-TEST (AudioPathTest, ThirdChannelPassesAtOnceAndPodMetersAreSilentWhileFadingToA)
+TEST (AudioPathTest, TheFirstTwoChannelsOfATrackAreComparedAndAllAreLate)
 {
-    EngineRig surround (44100.0, 64, 3);
-    const auto heard = surround.run (64);
-    EXPECT_EQ (heard.getSample (2, 9), noise (1) (2, 9));
-    EXPECT_EQ (heard.getSample (1, 9), 0.0f);
-    const auto voted = surround.click (Choose).run (2000).getSample (2, 1000);   // of a fall that takes 2205
-    EXPECT_NEAR (voted, noise (1) (2, 1064) * (1205.0f / 2205.0f), 1e-4f);
+    for (const auto podChannels : { 2, 8 })
+    {
+        EngineRig rig (44100.0, 64, 8);
+        rig.addPod (podChannels).expect (8192, noise (1));
+        rig.set (ToggleAB, 1.0f).run (1764);
+        rig.expect (640, [] (int channel, std::int64_t at) { return noise (channel < 2 ? 2 : 1) (channel, at); });
+        const auto voted = rig.click (Choose).run (2000).getSample (7, 1000);   // of a fall that takes 2205
+        EXPECT_NEAR (voted, rig.late (noise (1), 7, rig.position - 1000) * (1205.0f / 2205.0f), 1e-4f);
+    }
+}
 
+TEST (AudioPathTest, LeavesTheBypassAsIfItHadNeverBeenThere)
+{
+    for (const auto& [toggle, signal] : { std::pair (0.0f, noise (1)), { 1.0f, noise (2) } })
+    {
+        EngineRig rig (44100.0, 441);
+        rig.addPod().set (ToggleAB, toggle).run (8820);
+        rig.bypassed = true;
+        rig.expect (4410, noise (1));
+        rig.bypassed = false;
+        const auto from = rig.position;
+        const auto heard = rig.run (1764);   // B comes up from A
+        EXPECT_EQ (heard.getSample (1, 0), rig.late (noise (1), 1, from));
+        rig.expect (9000, signal);
+    }
+}
+
+TEST (AudioPathTest, PodMetersAreSilentWhileFadingToA)
+{
     EngineRig rig (44100.0, 4096);
     rig.addPod().run (8192);
     auto& podMeter = rig.processor->getMeter (3);
     EXPECT_GT (podMeter.getLevelDb(), -10.0f);
     rig.processor->timerCallback();
-    rig.set (ToggleAB, 1.0f).set (ToggleAB, 0.0f).run (4096);
+    rig.set (ToggleAB, 1.0f).run (4096);
+    rig.set (ToggleAB, 0.0f).run (4096);
     EXPECT_EQ (podMeter.getLevelDb(), -1e10f);
     EXPECT_GT (rig.processor->getMeter (2).getLevelDb(), -10.0f);
 }

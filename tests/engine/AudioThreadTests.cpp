@@ -44,7 +44,7 @@ TEST (AudioThreadTest, NeitherAllocatesNorCallsSystemOrHostAndTakesOneLock)
                     AudioThreadGuard guard;
 
                     for (int i = 0; i < blocks; ++i, rig.position += 64)
-                        i == 0 ? first() : void(), processor.processBlock (block, rig.midi);
+                        i == 0 ? first() : void(), rig.process (block);
 
                     counts = guard.counts();
                 });
@@ -59,6 +59,13 @@ TEST (AudioThreadTest, NeitherAllocatesNorCallsSystemOrHostAndTakesOneLock)
 
         rig.click (Choose), check ("a vote, its draw and the rise after it", 200, 1);
         EXPECT_EQ (processor.getParameter (ToggleAB), 1.0f);
+        rig.click (Choose).bypassed = true, check ("a vote in the bypass", 200, 1);
+        EXPECT_FALSE (processor.isVoteFadeActive());
+        rig.bypassed = false, rig.click (Choose), check ("the fall of a vote", 9, 1);
+        rig.click (Reveal), check ("a fade that is broken off", 20, 1);
+
+        for (int tick = 0; tick < 40; ++tick)
+            processor.timerCallback();   // what the host presses from now on is no echo
 
         for (int id = 0; id < processor.getNumParameters(); ++id)
             for (const auto value : { 1.0f, 0.5f, 0.0f })
@@ -66,6 +73,7 @@ TEST (AudioThreadTest, NeitherAllocatesNorCallsSystemOrHostAndTakesOneLock)
 
         check ("a vote by automation", 200, 1,
                [&] { processor.setParameter (Choose, 1), processor.setParameter (Choose, 0); });
+        EXPECT_EQ (processor.getVoteStatistics().votes, 1) << "since the end of the test, by automation as well";
         EXPECT_FALSE (processor.isVoteFadeActive());
         check ("more changes than are kept apart", 2, 1,
                [&]

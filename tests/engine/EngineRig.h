@@ -54,9 +54,16 @@ struct EngineRig : private juce::AudioPlayHead
         blockSize (block), trackChannels (channelsOfTrack)
     {
         processor->setCoin ([] { return 1; });
-        processor->setPlayConfigDetails (trackChannels, trackChannels, rate, blockSize);
         processor->setPlayHead (this);
-        processor->prepareToPlay (rate, blockSize);
+        prepare (rate, block);
+    }
+
+    /** The host goes on at another rate or block size. */
+    void prepare (double rate, int block)
+    {
+        blockSize = block;
+        processor->setPlayConfigDetails (trackChannels, trackChannels, rate, block);
+        processor->prepareToPlay (rate, block);
     }
 
     /** Puts a sender before the listener in every cycle and links the listener to it. */
@@ -105,11 +112,16 @@ struct EngineRig : private juce::AudioPlayHead
             if (juce::AudioSampleBuffer podBlock (sent.getArrayOfWritePointers(), podChannels, start, length); pod)
                 pod->process (podBlock, position);
 
-            processor->processBlock (block, midi);
+            process (block);
             position += length;
         }
 
         return heard;
+    }
+
+    void process (juce::AudioSampleBuffer& block)
+    {
+        bypassed ? processor->processBlockBypassed (block, midi) : processor->processBlock (block, midi);
     }
 
     /** What leaves next is to be this signal alone, 4096 samples late, bit for bit. */
@@ -141,8 +153,9 @@ struct EngineRig : private juce::AudioPlayHead
     const std::unique_ptr<DuoJudgeProcessor> processor = createPluginFilter (OxJuceProcessorBase::typeVst3);
     std::unique_ptr<PodSender> pod;
     Signal track = noise (1), podSignal = noise (2);
-    const int blockSize, trackChannels;
-    int podChannels = 0;
+    int blockSize, podChannels = 0;
+    const int trackChannels;
+    bool bypassed = false;
     std::int64_t position = 0;
     FrameRateType frameRate = fpsUnknown;
     juce::MidiBuffer midi;

@@ -2,6 +2,7 @@
 #include "framework/Rig.h"
 #include "platform/Process.h"
 
+#include <functional>
 #include <map>
 
 using namespace duoJudge;
@@ -14,6 +15,7 @@ std::string calls;   // of the program to its manager, but for questions and rea
 std::string lastRead;
 std::map<PodId, PodInfo> pods;   // all that the manager knows; the first is always linked
 bool linksWork = true;
+std::function<void()> whileLinking;   // done once, when a link is made and nobody knows of it yet
 
 template <typename... Numbers>
 bool note (const char* call, Numbers... numbers)
@@ -39,7 +41,13 @@ struct Manager final : IPodManager
     {
         note (name, unique, count, linked, linked > 0 ? ids[linked - 1] : kNoPod);
     }
-    bool link (PodId ownId, PodId podId) override { return note ("link", ownId, podId); }
+    bool link (PodId ownId, PodId podId) override
+    {
+        if (const auto meanwhile = std::exchange (whileLinking, nullptr))
+            meanwhile();
+
+        return note ("link", ownId, podId);
+    }
     void unlink (PodId ownId, PodId podId) override { note ("unlink", ownId, podId); }
     int getLinkedPods (PodId* ids, PodId) override { return *ids = pods.begin()->first, 1; }
     void setChannels (PodId id, int numChannels) override { note ("channels", id, numChannels); }
@@ -58,7 +66,7 @@ struct Manager final : IPodManager
         readAudio (0, out, count, 0);
         lastRead = "at " + std::to_string (start);
     }
-    void setPlaying (PodId, bool) override {}
+    void setPlaying (PodId id, bool isPlaying) override { note ("playing", id, isPlaying); }
     void setPodGain (PodId podId, float gain) override { note ("gain", podId, pods[podId].gain = gain); }
 } manager;
 
@@ -187,19 +195,78 @@ TEST_F (PodClient, CountsAVoteOnReleaseAndEndsTheTestWhenItsPodLeaves)
     EXPECT_TRUE (rig->getVoteStatistics().votes == 0 && rig->getSelectedPodId() == kNoPod);
 }
 
-TEST_F (PodClient, LetsTheOwnSignalOutAtOnceWhenThePodTurnsInvalid)
+TEST_F (PodClient, NeverKeepsAPodThatLeavesWhileItIsLinked)
+{
+    const auto leave = [&]
+    {
+        pods.erase (1);
+        rig->onPodRemoved (1);
+    };
+    whileLinking = leave;
+    rig->timerTick();
+    EXPECT_EQ (rig->getSelectedPodId(), kNoPod);
+    rig->timerTick();
+    EXPECT_EQ (rig->getSelectedPodId(), 2) << "the next tick takes what is there";
+
+    addPod (1, "Mix");
+    rig->setParamDirect (ToggleAB, 1.0f, false);
+    rig->setParamDirect (Choose, 1.0f, false), rig->setParamDirect (Choose, 0.0f, false);
+    whileLinking = leave;
+    rig->connectToPod (1);
+    EXPECT_EQ (rig->getSelectedPodId(), kNoPod);
+    EXPECT_EQ (rig->getParameter (ToggleAB), 0.0f) << "as with any pod that is lost";
+    EXPECT_EQ (rig->getVoteStatistics().votes, 0);
+
+    addPod (1, "Mix");
+    whileLinking = [&] { rig->onPodLinked (7, 1); };
+    rig->connectToPod (2);
+    EXPECT_EQ (rig->getSelectedPodId(), 1) << "one of two stays";
+    EXPECT_NE (take().find ("unlink 7 2;"), std::string::npos);
+}
+
+TEST_F (PodClient, TellsTheManagerThatTheHostPlaysIfItWantsToKnow)
+{
+    struct Transport : juce::AudioPlayHead
+    {
+        juce::Optional<PositionInfo> getPosition() const override
+        {
+            PositionInfo info;
+            info.setIsPlaying (plays);
+            return info;
+        }
+        bool plays = true;
+    } host;
+    rig->setPlayHead (&host);
+    rig->timerTick(), take();
+    juce::AudioSampleBuffer block (2, 64);
+
+    for (const auto& [hears, plays, bypassed, told] : { std::tuple (false, true, false, ""),
+                                                        { true, true, false, "playing 7 1;" },
+                                                        { true, false, false, "playing 7 0;" },
+                                                        { true, true, true, "playing 7 1;" } })
+    {
+        rig->managerHearsOfPlaying = hears, host.plays = plays;
+        bypassed ? rig->processBlockBypassed (block, rig->midi) : rig->processBlock (block, rig->midi);
+        EXPECT_EQ (take(), told);
+    }
+
+    rig->setPlayHead (nullptr);
+}
+
+TEST_F (PodClient, LetsTheOwnSignalOutAtOnceWhenThePodTurnsInvalidAndFadesBackToIt)
 {
     pods[1].gain = 0.5f;
     rig->timerCallback();
     rig->setParameter (ToggleAB, 1.0f);
 
-    for (int i = 0; i < 14; ++i)
+    for (int i = 0; i < 18; ++i)
     {
         juce::AudioSampleBuffer block (2, 512);
         std::fill_n (block.getWritePointer (0), 512, 0.5f);
         pods[1].valid = i != 12;
         rig->processBlock (block, rig->midi);
-        EXPECT_TRUE (i < 11 || block.getMagnitude (0, 0, 512) == (i == 12 ? 0.5f : 0.25f)) << i;
+        const auto level = i == 12 || i == 13 ? 0.5f : 0.25f;   // where it comes back it begins with what is heard
+        EXPECT_TRUE (i < 11 || (i > 13 && i < 17) || block.getMagnitude (0, 0, 512) == level) << i;
     }
 }
 
