@@ -58,16 +58,11 @@ void DuoJudgeProcessor::processAudio (juce::AudioSampleBuffer& block, juce::Midi
     const auto numPodChannels = readPod (numSamples);
     auto pod = viewPod (numPodChannels > 0 ? numPodChannels : numCompared, numSamples);
 
-    if (numPodChannels == 0)
-    {
+    // With nothing to fade to, nothing happens to the sound.
+    const auto side = parameter (ToggleAB).value == 0.0f ? Crossfade::Side::a : Crossfade::Side::b;
+
+    if (numPodChannels == 0 || (fader.mix (block, pod, side) && side == Crossfade::Side::a))
         pod.clear();
-        fader.settleOnA();   // with nothing to fade to, nothing happens to the sound
-    }
-    else if (const auto side = parameter (ToggleAB).value == 0.0f ? Crossfade::Side::a : Crossfade::Side::b;
-             fader.mix (block, pod, side) && side == Crossfade::Side::a)
-    {
-        pod.clear();
-    }
 
     applyVoteFade (block);
 
@@ -109,7 +104,7 @@ int DuoJudgeProcessor::readPod (int numSamples)
         return 0;
 
     if (heardPodId = podId; podId != lastPodId)
-        fader.settleOnA();
+        fader.settleOnA();   // what was heard before is not this pod
 
     viewPod (info.numChannels, numSamples).clear();
 

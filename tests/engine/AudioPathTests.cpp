@@ -87,6 +87,10 @@ TEST (AudioPathTest, SendGainReachesThePodAtTheNextTick)
     const auto plain = EngineRig::late (noise (2), 0, rig.position + 5);
     EXPECT_FLOAT_EQ (rig.run (64).getSample (0, 5), plain * std::sqrt (10.0f));
     EXPECT_EQ (rig.pod->manager->getPodInfo (rig.pod->id).gain, 1.0f);
+
+    // Another pod brings its own from its first block on.
+    rig.addPod().set (ToggleAB, 1.0f).run (4096 + 1764);
+    rig.expect (64, noise (2));
 }
 
 TEST (AudioPathTest, LostPodGivesTheOwnSignalBackAtOnceAndFadesInWhenItReturns)
