@@ -196,6 +196,18 @@ void ComparisonGraph::writeParameter (Parameter parameter, float value)
     parameters[static_cast<std::size_t> (parameter)]->setValueNotifyingHost (value);
 }
 
+void ComparisonGraph::takeInChanges()
+{
+    constexpr auto period = 17;   // milliseconds, rounded up
+
+    // The toolkit's timers are counted on only after those that were due before have been called.
+    for (int turn = 0; turn < 6; ++turn)
+    {
+        juce::Thread::sleep (period);
+        juce::Timer::callPendingTimersSynchronously();
+    }
+}
+
 float ComparisonGraph::readParameter (Parameter parameter) const
 {
     return parameters[static_cast<std::size_t> (parameter)]->getValue();

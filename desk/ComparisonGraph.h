@@ -63,6 +63,10 @@ public:
 
     float readParameter (Parameter parameter) const;
 
+    /** Waits until what the comparator told in its blocks can be read: the toolkit's host takes it in by a timer of 60 Hz
+        [message thread, where no loop runs]. */
+    static void takeInChanges();
+
     /** For those who want to hear of its changes, from whatever thread makes them. */
     juce::AudioProcessorParameter& getParameter (Parameter parameter);
 

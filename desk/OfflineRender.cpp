@@ -131,6 +131,7 @@ juce::int64 OfflineRender::performActionsDue (juce::int64 outputPosition)
         if (due > outputPosition)
             return due;
 
+        graph.takeInChanges();
         perform (*line);
     }
 

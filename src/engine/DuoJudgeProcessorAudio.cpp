@@ -36,8 +36,10 @@ void DuoJudgeProcessor::prepareAudio (double newSampleRate, int newBlockSize)
     for (auto& meter : meters)
         meter.levelPeriodMs = hertz > 0 ? 1000.0f * std::max (meter.kWindowLength, newBlockSize) / hertz : 0.0f;
 
-    // Room for a block of any pod, so that the audio thread only moves the buffer's bounds.
-    podBuffer->setSize (baylink::kMaxPodChannels, std::max (1, newBlockSize), false, false, true);
+    // Room for a block of any pod, so that the audio thread only moves the buffer's bounds; some hosts send longer blocks
+    // than they announce.
+    constexpr int longestSurprise = 8192;   // samples
+    podBuffer->setSize (baylink::kMaxPodChannels, std::max (longestSurprise, newBlockSize), false, false, true);
 }
 
 void DuoJudgeProcessor::processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer&)

@@ -111,7 +111,7 @@ const Case kCases[] = {
     { "AbsenceAfterALongOne", kRegular, [] (int)
       { return Story { play (0, 40960), play (40960, 351046, Step::listener), play (392006, 40960), rest (Step::stopped, 40000),
                        rest (Step::stopped, 32768, Step::sender), rest (Step::stopped, 60000) }; } },
-    { "ExcursionsOfTheDistance", kRegular + kDrawn, [] (int cycle)
+    { "ExcursionsOfTheDistance", kRegular, [] (int cycle)
       { return Story { rest (Step::absent, 40960), rest (Step::absent, 8 * cycle, Step::nobody, 8 * cycle), rest (Step::absent, 60000),
                        rest (Step::absent, 40 * cycle, Step::nobody, -12 * cycle), rest (Step::absent, 60000) }; } },
 
