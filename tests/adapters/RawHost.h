@@ -5,6 +5,7 @@
 #include "platform/Library.h"
 #include "pod/IPod.h"
 #include "support/AudioThreadGuard.h"
+#include "support/LockWithin.h"
 
 #include <map>
 #include <mutex>
@@ -20,7 +21,7 @@ using namespace Steinberg;
 using namespace Steinberg::Vst;
 
 /** A host's own lock, which it takes in every call by which a plug-in tells it something, and may hold when it calls. */
-inline std::recursive_timed_mutex hostLock;
+inline std::recursive_mutex hostLock;
 inline std::atomic<int> hostCalls { 0 };
 
 /** Comes first in every such call: none may come from a watched thread. */
@@ -28,8 +29,8 @@ inline void enterHost()
 {
     AudioThreadGuard::note (&AudioThreadGuard::Counts::hostCalls);
     ++hostCalls;
-    const std::unique_lock held (hostLock, std::chrono::seconds (10));
-    EXPECT_TRUE (held) << "host and plug-in wait for each other";
+    const auto held = lockWithinSeconds (hostLock);
+    EXPECT_TRUE (held.owns_lock()) << "host and plug-in wait for each other";
 }
 
 /** The latest value that a host was told of each parameter, on whatever thread. */

@@ -3,6 +3,7 @@
 #include "framework/Rig.h"
 #include "framework/Settings.h"
 #include "framework/SoundChanges.h"
+#include "support/LockWithin.h"
 
 #include <future>
 #include <thread>
@@ -146,8 +147,8 @@ struct GuardingHost : juce::AudioProcessorListener
                                      }));
         EXPECT_EQ (tries.back().wait_for (10s), std::future_status::ready) << "a lock of ours is held";
         ++calls;
-        const std::unique_lock held (lock, 10s);
-        EXPECT_TRUE (held) << "the two wait for each other";
+        const auto held = lockWithinSeconds (lock);
+        EXPECT_TRUE (held.owns_lock()) << "the two wait for each other";
     }
     void audioProcessorParameterChanged (juce::AudioProcessor*, int, float) override { hear(); }
     void audioProcessorParameterChangeGestureBegin (juce::AudioProcessor*, int) override { hear(); }
@@ -155,7 +156,7 @@ struct GuardingHost : juce::AudioProcessorListener
     void audioProcessorChanged (juce::AudioProcessor*, const ChangeDetails&) override { hear(); }
 
     Rig& rig;
-    std::timed_mutex lock;
+    std::mutex lock;
     std::atomic<int> calls { 0 };
     std::vector<std::future<void>> tries;   // a `future` waits when it goes
 };
