@@ -3,30 +3,16 @@
 
 #include <algorithm>
 
-namespace
-{
-
-constexpr int kCountBits = 30;
-constexpr std::uint64_t kMaxCount = (std::uint64_t { 1 } << kCountBits) - 1;
-
-int count (std::uint64_t bits) noexcept
-{
-    return static_cast<int> (bits & kMaxCount);
-}
-
-}   // namespace
-
 Ballot::State::State (std::uint64_t bits) noexcept :
-    phase (static_cast<Phase> (bits >> (2 * kCountBits))), votesForA (count (bits >> kCountBits)),
-    votesForB (count (bits))
+    phase (static_cast<Phase> (bits >> kPhaseShift)), votesForA (static_cast<int> (bits >> kCountBits & kMaxCount)),
+    votesForB (static_cast<int> (bits & kMaxCount))
 {
 }
 
 std::uint64_t Ballot::State::toWord() const noexcept
 {
     const auto toBits = [] (int votes) { return std::min (static_cast<std::uint64_t> (votes), kMaxCount); };
-    return static_cast<std::uint64_t> (phase) << (2 * kCountBits) | toBits (votesForA) << kCountBits |
-           toBits (votesForB);
+    return static_cast<std::uint64_t> (phase) << kPhaseShift | toBits (votesForA) << kCountBits | toBits (votesForB);
 }
 
 /** Lets `tryTo` change the state until nobody has come in between. @returns false once it has nothing to change */

@@ -41,11 +41,14 @@ public:
     /** Goes on in the fade. @returns false where somebody else has gone on from `from` */
     bool advance (Phase from, Phase to) noexcept;
 
-    Phase getPhase() const noexcept { return State (word.load()).phase; }
+    Phase getPhase() const noexcept { return static_cast<Phase> (word.load() >> kPhaseShift); }
     bool isFading() const noexcept { return getPhase() >= Phase::cast; }
     VoteStatistics getStatistics() const noexcept;
 
 private:
+    static constexpr int kCountBits = 30, kPhaseShift = 2 * kCountBits;
+    static constexpr std::uint64_t kMaxCount = (std::uint64_t { 1 } << kCountBits) - 1;
+
     /** The content of the word. The sum of both counts is that of the votes, and both stand at their limits. */
     struct State
     {

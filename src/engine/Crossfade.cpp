@@ -40,28 +40,31 @@ void Crossfade::setLength (int samples) noexcept
 
 bool Crossfade::mix (juce::AudioSampleBuffer& a, const juce::AudioSampleBuffer& b, Side side) noexcept
 {
+    if (side == Side::a && position == 0)
+        return false;
+
     const auto numSamples = a.getNumSamples();
 
     if (const auto wanted = lengthAtRate > 0 ? lengthAtRate : numSamples; wanted > 0 && wanted != length)
         setLength (wanted);
 
-    if (side == Side::a && position == 0)
-        return false;
-
     const auto direction = side == Side::a ? -1 : 1;
     const auto inFade = std::min (numSamples, side == Side::a ? position : length - position);
-    const Ramp share { static_cast<float> (position) / static_cast<float> (length),
-                       static_cast<float> (direction) / static_cast<float> (length) };
+    const auto start = position;
     position += direction * inFade;
 
     for (int channel = 0; channel < std::min (a.getNumChannels(), channelRule::kMaxCompared); ++channel)
     {
         const auto partner = channelRule::findPartner (b.getNumChannels(), a.getNumChannels(), channel);
-        const auto* const source = b.getReadPointer (partner.channel);
-        mixInto (a.getWritePointer (channel), source, partner.gain, share, inFade);
 
-        if (side == Side::b)
-            a.copyFrom (channel, inFade, source + inFade, numSamples - inFade, partner.gain);
+        if (inFade > 0)
+            mixInto (a.getWritePointer (channel), b.getReadPointer (partner.channel), partner.gain,
+                     { static_cast<float> (start) / static_cast<float> (length),
+                       static_cast<float> (direction) / static_cast<float> (length) },
+                     inFade);
+
+        if (const auto atB = side == Side::b ? numSamples - inFade : 0; atB > 0)
+            a.copyFrom (channel, inFade, b.getReadPointer (partner.channel, inFade), atB, partner.gain);
     }
 
     return inFade > 0;

@@ -54,7 +54,7 @@ void DuoJudgeProcessor::initialiseProduct()
     }
 
     selectedPodId = baylink::kNoPod;
-    podBuffer = std::make_unique<juce::AudioSampleBuffer> (1, 1);
+    podBuffer = std::make_unique<juce::AudioSampleBuffer> (baylink::kMaxPodChannels, 1);
     updateFromParams();
     setInstanceName ({});
     nameChanged = false;

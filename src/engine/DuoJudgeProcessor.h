@@ -151,8 +151,8 @@ private:
 
     bool holdPod (baylink::PodId podId);
     void takeUpPod (baylink::PodId podId);
-    int readPod (int numSamples);
-    juce::AudioSampleBuffer viewPod (int numChannels, int numSamples);
+    bool readPod (int numSamples, int numChannelsOfSilence);
+    void clearPod (int numChannels);
     bool readsAtTimeline();
     void applyVoteFade (juce::AudioSampleBuffer& block);
 
@@ -165,6 +165,7 @@ private:
     Crossfade fader;
     VoteFade voteFade;
     std::unique_ptr<juce::AudioSampleBuffer> podBuffer;              // room for a block of any pod [audio thread]
+    juce::AudioSampleBuffer pod;                                     // what is there of it now [audio thread]
     baylink::PodId heardPodId = baylink::kNoPod;                     // read for the last block [audio thread]
     std::atomic<baylink::PodId> selectedPodId { baylink::kNoPod };   // source B
     Relaxed<bool> detectTimestamps = true;                           // this host's positions can be trusted

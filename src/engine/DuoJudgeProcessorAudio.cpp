@@ -40,6 +40,7 @@ void DuoJudgeProcessor::prepareAudio (double newSampleRate, int newBlockSize)
     // than they announce.
     constexpr int longestSurprise = 8192;   // samples
     podBuffer->setSize (baylink::kMaxPodChannels, std::max (longestSurprise, newBlockSize), false, false, true);
+    pod = {};   // until the first block
 }
 
 void DuoJudgeProcessor::processAudio (juce::AudioSampleBuffer& block, juce::MidiBuffer&)
@@ -57,16 +58,16 @@ void DuoJudgeProcessor::processAudio (juce::AudioSampleBuffer& block, juce::Midi
     for (int channel = 0; channel < numCompared; ++channel)
         getMeter (2 * channel).process (block);
 
-    const auto numPodChannels = readPod (numSamples);
-    auto pod = viewPod (numPodChannels > 0 ? numPodChannels : numCompared, numSamples);
+    const auto podIsRead = readPod (numSamples, numCompared);
 
     // With nothing to fade to, nothing happens to the sound.
     const auto side = parameter (ToggleAB).value == 0.0f ? Crossfade::Side::a : Crossfade::Side::b;
 
-    if (numPodChannels == 0 || (fader.mix (block, pod, side) && side == Crossfade::Side::a))
-        pod.clear();
+    if (podIsRead && fader.mix (block, pod, side) && side == Crossfade::Side::a)
+        clearPod (pod.getNumChannels());
 
-    applyVoteFade (block);
+    if (ballot.isFading())
+        applyVoteFade (block);
 
     for (int channel = 0; channel < numCompared; ++channel)
         getMeter (2 * channel + 1).process (pod);
@@ -83,32 +84,36 @@ void DuoJudgeProcessor::bypassAudio (const juce::AudioSampleBuffer& block)
     for (int channel = 0; channel < std::min (block.getNumChannels(), static_cast<int> (delays.size())); ++channel)
         delays[static_cast<std::size_t> (channel)]->push (block.getReadPointer (channel), numSamples);
 
-    readPod (numSamples);
+    readPod (numSamples, 1);
     fader.settleOnA();
-    auto unheard = viewPod (1, numSamples);
-    applyVoteFade (unheard);
+
+    if (ballot.isFading())
+        applyVoteFade (pod);
 }
 
-/** @returns how many channels of the pod's block are there now; 0 when there is no pod to be heard */
-int DuoJudgeProcessor::readPod (int numSamples)
+/** Fills `pod` with the pod's block, or else with silence in `numChannelsOfSilence`.
+    @returns whether there is a pod to be heard */
+bool DuoJudgeProcessor::readPod (int numSamples, int numChannelsOfSilence)
 {
-    podBuffer->setSize (baylink::kMaxPodChannels, numSamples, false, false, true);
+    if (podBuffer->getNumSamples() != numSamples)
+        podBuffer->setSize (baylink::kMaxPodChannels, numSamples, false, false, true);
+
     const auto lastPodId = std::exchange (heardPodId, baylink::kNoPod);
 
     if (manager == nullptr || selectedPodId == baylink::kNoPod)
-        return 0;
+        return clearPod (numChannelsOfSilence), false;
 
     const juce::ScopedLock lock (podLock);
     const baylink::PodId podId = selectedPodId;
     const auto info = manager->getPodInfo (podId);
 
     if (info.valid == 0 || info.numChannels < 1 || info.numChannels > baylink::kMaxPodChannels)
-        return 0;
+        return clearPod (numChannelsOfSilence), false;
 
     if (heardPodId = podId; podId != lastPodId)
         fader.settleOnA();   // what was heard before is not this pod
 
-    viewPod (info.numChannels, numSamples).clear();
+    clearPod (info.numChannels);
 
     if (managerHearsOfPlaying)
         manager->setPlaying (id, hostPlays);
@@ -119,14 +124,24 @@ int DuoJudgeProcessor::readPod (int numSamples)
     else
         manager->readAudio (id, podBuffer->getArrayOfWritePointers(), numSamples, podId);
 
-    viewPod (info.numChannels, numSamples).applyGain (podGain);
-    return info.numChannels;
+    if (const float gain = podGain; gain != 1.0f)
+        for (int channel = 0; channel < info.numChannels; ++channel)
+            juce::FloatVectorOperations::multiply (podBuffer->getWritePointer (channel), gain, numSamples);
+
+    return true;
 }
 
-/** The first channels of `podBuffer`. */
-juce::AudioSampleBuffer DuoJudgeProcessor::viewPod (int numChannels, int numSamples)
+/** Lets `pod` be the first channels of `podBuffer`, in silence. */
+void DuoJudgeProcessor::clearPod (int numChannels)
 {
-    return { podBuffer->getArrayOfWritePointers(), numChannels, numSamples };
+    const auto numSamples = podBuffer->getNumSamples();
+    auto* const* const channels = podBuffer->getArrayOfWritePointers();
+
+    if (pod.getNumChannels() != numChannels || pod.getNumSamples() != numSamples)
+        pod.setDataToReferTo (channels, numChannels, numSamples);
+
+    for (int channel = 0; channel < numChannels; ++channel)
+        std::fill_n (channels[channel], numSamples, 0.0f);
 }
 
 bool DuoJudgeProcessor::readsAtTimeline()
